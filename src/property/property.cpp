@@ -1,0 +1,41 @@
+#include "property/property.hpp"
+
+#include <utility>
+
+#include "property/property_group.hpp"
+
+property::property(std::string property_name) : name(std::move(property_name)) {}
+
+void property::get_help(std::string& help) {
+    help = "no help.";
+}
+
+void property::on_unregister() {
+    if (m_auto_delete) {
+        delete this;
+    }
+}
+
+property* property::get_property(const std::string& name) {
+    const auto entry = properties.find(name);
+    return entry == properties.end() ? nullptr : entry->second;
+}
+
+property* property::register_property(property_group* group, property* p) {
+    if (get_property(p->name) != nullptr) {
+        return nullptr;
+    }
+    properties[p->name] = p;
+    return group->add_property(p);
+}
+
+property* property::register_property(const std::string& group_name, property* p) {
+    return register_property(property_group::register_property_group(group_name), p);
+}
+
+void property::free_all() {
+    for (const auto& [name, p] : properties) {
+        p->on_unregister();
+    }
+    properties.clear();
+}

@@ -1,0 +1,117 @@
+#include "property/property_file.hpp"
+
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <utility>
+
+#include "reg/wrapping.hpp"
+
+namespace {
+
+/** The number at the start of a text, by formatted stream input; 0 where there is none. */
+template <class T>
+T extract(const std::string& text) {
+    T number = 0; // input from an exhausted stream leaves the variable alone
+    std::istringstream(text) >> number;
+    return number;
+}
+
+void report_open_failure(const std::string& path) {
+    std::cerr << "open " + path + " failed.\n" << std::flush;
+}
+
+} // namespace
+
+template <class T>
+property_file<T>::property_file(std::string property_name, std::string path, T min, T max)
+    : property(std::move(property_name)), m_path(std::move(path)), m_min(min), m_max(max) {
+    property_file::read_update();
+}
+
+template <class T>
+bool property_file<T>::set(const std::string& value) {
+    if (!m_valid) {
+        return false;
+    }
+    m_value = requested_value(value);
+    return commit();
+}
+
+template <class T>
+bool property_file<T>::get(std::string& value) {
+    if (!m_valid) {
+        return false;
+    }
+    value = std::to_string(m_value);
+    return true;
+}
+
+template <class T>
+bool property_file<T>::read_update() {
+    m_valid = false;
+    std::ifstream file(m_path);
+    if (!file.is_open()) {
+        report_open_failure(m_path);
+        return false;
+    }
+    std::string word;
+    file >> word;
+    m_value = extract<T>(word);
+    m_valid = m_min <= m_value && m_value <= m_max;
+    if (!m_valid) {
+        std::cerr << "current value " + std::to_string(m_value) +
+                         " is not valid, valid range = " + std::to_string(m_min) + " ~ " +
+                         std::to_string(m_max) + "\n"
+                  << std::flush;
+    }
+    return m_valid;
+}
+
+template <class T>
+bool property_file<T>::commit() {
+    if (!m_valid) {
+        return false;
+    }
+    std::ofstream file(m_path);
+    if (!file.is_open()) {
+        report_open_failure(m_path);
+        return false;
+    }
+    file << std::to_string(m_value);
+    return true;
+}
+
+template <class T>
+void property_file<T>::warn_about_range(const std::string& requested, T limit) {
+    std::cerr << "apply current value " + std::to_string(m_value) + " to " + requested +
+                     "is limited to " + std::to_string(limit) + "\n"
+              << std::flush;
+}
+
+template <class T>
+T property_file<T>::requested_value(const std::string& text) {
+    if (text.size() > 1 && text.front() == '-') {
+        const T delta = extract<T>(text.substr(1));
+        return wrapping_subtract(m_value, m_min) < delta ? limited(text, m_min)
+                                                         : wrapping_subtract(m_value, delta);
+    }
+    if (text.size() > 1 && text.front() == '+') {
+        const T delta = extract<T>(text.substr(1));
+        return wrapping_subtract(m_max, m_value) < delta ? limited(text, m_max)
+                                                         : wrapping_add(m_value, delta);
+    }
+    const T number = extract<T>(text);
+    if (m_min > number) {
+        return limited(text, m_min > m_max ? m_max : m_min);
+    }
+    return number > m_max ? limited(text, m_max) : number;
+}
+
+template <class T>
+T property_file<T>::limited(const std::string& text, T limit) {
+    warn_about_range(text, limit);
+    return limit;
+}
+
+template class property_file<int>;

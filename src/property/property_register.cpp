@@ -1,0 +1,90 @@
+#include "property/property_register.hpp"
+
+#include <charconv>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+#include "reg/reg_info.hpp"
+#include "reg/reg_subval.hpp"
+
+namespace {
+
+bool hexadecimal_mode() {
+    return property::m_number_mode == 1;
+}
+
+bool has_hexadecimal_prefix(const std::string& text) {
+    return text.starts_with("0x") || text.starts_with("0X");
+}
+
+/** A hexadecimal number may have 64 bits and wraps into the signed range; a decimal one has 63. */
+long long parse(const std::string& text, bool hexadecimal) {
+    return hexadecimal ? static_cast<long long>(std::stoull(text, nullptr, 16))
+                       : std::stoll(text, nullptr, 10);
+}
+
+std::string format(unsigned int value) {
+    if (!hexadecimal_mode()) {
+        return std::to_string(value);
+    }
+    char digits[8]; // 32 bits
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), value, 16).ptr;
+    return "0x" + std::string(std::begin(digits), end);
+}
+
+} // namespace
+
+property_register::property_register(std::string property_name, reg_info* reg, reg_subval* subval)
+    : property(std::move(property_name)), m_reg(reg), m_subval(subval) {}
+
+void property_register::register_as_property(property_group* group, reg_info* reg) {
+    for (const auto& [field_name, field] : reg->m_subvals) {
+        std::unique_ptr<property_register> p(
+            new property_register(reg->m_name + "::" + field_name, reg, field));
+        if (register_property(group, p.get()) == nullptr) {
+            std::cerr << "property " + p->name + " is already registered.\n" << std::flush;
+            continue;
+        }
+        static_cast<void>(p.release()); // the registry owns it now
+    }
+}
+
+bool property_register::set(const std::string& value) {
+    try {
+        if (!apply(value)) {
+            return false;
+        }
+    } catch (const std::invalid_argument&) {
+        std::cerr << "failed to parse value " + value + "\n" << std::flush;
+        return false;
+    }
+    m_reg->commit();
+    return true;
+}
+
+bool property_register::apply(const std::string& value) {
+    if (value.empty()) {
+        return false;
+    }
+    if (value.front() == '+' || value.front() == '-') {
+        return m_subval->adjust(m_reg, parse(value, hexadecimal_mode()));
+    }
+    const long long number = parse(value, hexadecimal_mode() || has_hexadecimal_prefix(value));
+    return m_subval->set(m_reg, static_cast<unsigned int>(number));
+}
+
+bool property_register::get(std::string& value) {
+    unsigned int number = 0;
+    if (!m_subval->get(m_reg, &number)) {
+        return false;
+    }
+    value = format(number);
+    return true;
+}
+
+void property_register::get_help(std::string& help) {
+    help = m_subval->get_desc();
+}

@@ -1,0 +1,126 @@
+#include "property/property_regulator_voltage.hpp"
+
+#include <cmath>
+#include <fstream>
+#include <iostream>
+#include <limits>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+namespace {
+
+constexpr const char* microvolts_file = "/microvolts";
+constexpr const char* min_microvolts_file = "/min_microvolts";
+constexpr const char* max_microvolts_file = "/max_microvolts";
+
+constexpr double voltage_step = 10000; // microvolts
+
+/** Unsigned 32-bit, saturating; not-a-number becomes 0. */
+std::uint32_t to_microvolts(double value) {
+    constexpr std::uint32_t most = std::numeric_limits<std::uint32_t>::max();
+    if (value >= most) {
+        return most;
+    }
+    return value > 0 ? static_cast<std::uint32_t>(value) : 0;
+}
+
+/** `std::stol` as it behaves where a `long` has 32 bits, on every host. */
+std::int32_t to_int32(const std::string& word) {
+    const long number = std::stol(word);
+    if (!std::in_range<std::int32_t>(number)) {
+        throw std::out_of_range("stol");
+    }
+    return static_cast<std::int32_t>(number);
+}
+
+} // namespace
+
+property_regulator_voltage::property_regulator_voltage(std::string property_name, std::string path,
+                                                       double min_percent, double max_percent)
+    : property(std::move(property_name)), m_path(std::move(path)), m_min_percent(min_percent),
+      m_max_percent(max_percent) {}
+
+bool property_regulator_voltage::set(const std::string& value) {
+    if (!load_limits()) {
+        return false;
+    }
+    double target = 0;
+    if (value.size() >= 2 && value.back() == '%') {
+        const double percent = std::stod(value);
+        if (percent > m_max_percent || percent < m_min_percent) {
+            std::ostringstream message;
+            message << "percentage " << percent << "%: out of range\n";
+            std::cerr << message.str() << std::flush;
+            return false;
+        }
+        // Multiplied first: 1.07 times 1000000 would come out above 1070000.
+        target = m_base_uv * percent / 100;
+    } else {
+        target = std::stod(value);
+    }
+    const std::uint32_t microvolts = to_microvolts(std::ceil(target / voltage_step) * voltage_step);
+    if (microvolts < m_min_uv || microvolts > m_max_uv) {
+        std::cerr << std::to_string(microvolts) + "mv: out of range(" + std::to_string(m_min_uv) +
+                         "-" + std::to_string(m_max_uv) + ")\n"
+                  << std::flush;
+        return false;
+    }
+    _fileintwrite(m_path + microvolts_file, static_cast<std::int32_t>(microvolts));
+    return true;
+}
+
+bool property_regulator_voltage::get(std::string& value) {
+    std::uint32_t microvolts = 0;
+    if (!load_limits() || !read_voltage(microvolts)) {
+        return false;
+    }
+    value = std::to_string(microvolts);
+    return true;
+}
+
+bool property_regulator_voltage::load_limits() {
+    if (!m_limits_loaded) {
+        m_limits_loaded = read_voltage(m_base_uv) && read_limit(min_microvolts_file, m_min_uv) &&
+                          read_limit(max_microvolts_file, m_max_uv);
+    }
+    return m_limits_loaded;
+}
+
+bool property_regulator_voltage::read_voltage(std::uint32_t& microvolts) {
+    std::int32_t number = 0;
+    if (!_fileintread(m_path + microvolts_file, number) || number < 0) {
+        return false;
+    }
+    microvolts = static_cast<std::uint32_t>(number);
+    return true;
+}
+
+bool property_regulator_voltage::read_limit(const char* file, std::uint32_t& microvolts) {
+    std::int32_t number = 0;
+    if (!_fileintread(m_path + file, number)) {
+        return false;
+    }
+    microvolts = static_cast<std::uint32_t>(number);
+    return true;
+}
+
+bool property_regulator_voltage::_fileintread(const std::string& path, std::int32_t& value) {
+    std::ifstream file(path);
+    if (!file.is_open()) {
+        return false;
+    }
+    std::string word;
+    file >> word;
+    value = to_int32(word);
+    return true;
+}
+
+bool property_regulator_voltage::_fileintwrite(const std::string& path, std::int32_t value) {
+    std::ofstream file(path);
+    if (!file.is_open()) {
+        return false;
+    }
+    file << std::to_string(value);
+    return true;
+}

@@ -1,0 +1,64 @@
+#include "property/property_set.hpp"
+
+#include <cstddef>
+#include <iostream>
+#include <utility>
+
+namespace {
+
+bool is_braced(const std::string& text) {
+    return text.size() >= 2 && text.front() == '{' && text.back() == '}';
+}
+
+/** The runs of characters between the commas of a braced text: one more than there are commas. */
+std::vector<std::string> split(const std::string& braced) {
+    std::vector<std::string> pieces(1);
+    for (const char c : braced.substr(1, braced.size() - 2)) {
+        if (c == ',') {
+            pieces.emplace_back();
+        } else {
+            pieces.back() += c;
+        }
+    }
+    return pieces;
+}
+
+} // namespace
+
+property_set::property_set(std::string property_name, std::vector<std::string> members)
+    : property(std::move(property_name)), m_members(std::move(members)) {}
+
+bool property_set::set(const std::string& value) {
+    const std::vector<std::string> values =
+        is_braced(value) ? split(value) : std::vector<std::string>(m_members.size(), value);
+    if (values.size() != m_members.size()) {
+        std::cerr << std::to_string(values.size()) + " != " + std::to_string(m_members.size()) +
+                         "\n"
+                  << std::flush;
+        return false;
+    }
+    for (std::size_t i = 0; i < m_members.size(); ++i) {
+        property* member = get_property(m_members[i]);
+        if (member == nullptr || !member->set(values[i])) {
+            std::cerr << "set failed\n" << std::flush;
+            return false;
+        }
+    }
+    return true;
+}
+
+bool property_set::get(std::string& value) {
+    std::string list = "{";
+    const char* separator = "";
+    for (const std::string& member_name : m_members) {
+        property* member = get_property(member_name);
+        std::string text;
+        if (member == nullptr || !member->get(text)) {
+            return false;
+        }
+        list += separator + text;
+        separator = ",";
+    }
+    value = list + "}";
+    return true;
+}
