@@ -1,0 +1,57 @@
+#include "platform/orlin/reg_info_orlin_dq.hpp"
+
+#include <utility>
+
+#include "reg/mmap_access.hpp"
+
+namespace orlin {
+
+reg_info_orlin_dq::reg_info_orlin_dq(std::string name, unsigned int sel_value,
+                                     unsigned int sel_addr, unsigned int data_addr,
+                                     std::initializer_list<reg_bitmask_dq*> fields)
+    : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr, fields) {
+    m_loaded = true; // the read path of the single word never runs for this kind
+    for (reg_bitmask_dq* field : fields) {
+        m_dq_values[field] = 0;
+        m_dq_loaded[field] = false;
+        m_dq_dirty[field] = false;
+    }
+}
+
+void reg_info_orlin_dq::commit() {
+    for (const auto& [name, field] : m_subvals) {
+        const auto* dq = dynamic_cast<const reg_bitmask_dq*>(field);
+        if (dq == nullptr || !m_dq_dirty[field]) {
+            continue;
+        }
+        select(*dq);
+        m_value = m_dq_values[field];
+        mmap_write(m_addr, m_value);
+        _read();
+    }
+}
+
+unsigned int reg_info_orlin_dq::load(reg_subval* field) {
+    if (m_dq_loaded[field]) {
+        return m_dq_values[field];
+    }
+    const auto* dq = dynamic_cast<const reg_bitmask_dq*>(field);
+    if (dq == nullptr) {
+        return 0xffffffff;
+    }
+    select(*dq);
+    m_value = mmap_read(m_addr);
+    m_dq_loaded[field] = true;
+    return m_dq_values[field] = m_value;
+}
+
+void reg_info_orlin_dq::store(reg_subval* field, unsigned int word) {
+    m_dq_values[field] = word;
+    m_dq_dirty[field] = true;
+}
+
+void reg_info_orlin_dq::select(const reg_bitmask_dq& field) const {
+    mmap_write(m_sel_addr, field.m_sel | m_sel_value);
+}
+
+} // namespace orlin
