@@ -1,0 +1,86 @@
+#include "cli/actions.hpp"
+
+#include <iostream>
+
+#include "property/property.hpp"
+#include "property/property_group.hpp"
+
+namespace {
+
+void print_line(const std::string& line) {
+    std::cout << line << std::endl;
+}
+
+void report_status(const std::string& what) {
+    std::cerr << "BRISEL: " + what + "\n" << std::flush;
+}
+
+void report_no_such_property() {
+    std::cerr << "No such property registered.\n" << std::flush;
+}
+
+} // namespace
+
+void print(const char* text) {
+    std::cout << text;
+}
+
+void print_usage() {
+    for (const char* line : {"brisel [options] [<property> [value if write]]", //
+                             "options:",                                       //
+                             "\t-h            : help",                         //
+                             "\t-i            : interactive mode",             //
+                             "\t-l            : list all properties",          //
+                             "\t-x            : show hex value (default decimal)"}) {
+        print(line);
+        std::cout << std::endl;
+    }
+}
+
+exit_status list() {
+    for (const auto& [group_name, group] : property_group::get_groups()) {
+        print_line(group_name + " :");
+        for (const auto& [name, member] : group->m_properties) {
+            std::string help;
+            member->get_help(help);
+            print_line("\t" + name + " : " + help);
+        }
+    }
+    return exit_status::success;
+}
+
+exit_status read(const std::string& name) {
+    property* found = property::get_property(name);
+    if (found == nullptr) {
+        report_no_such_property();
+        return exit_status::success;
+    }
+    std::string value;
+    const bool done = found->get(value);
+    print_line(value);
+    // No blank before "failed.": the line has always looked so, and scripts match it.
+    report_status("get " + name + (done ? " := " + value : "failed."));
+    return done ? exit_status::success : exit_status::read_failed;
+}
+
+exit_status write(const std::string& name, const std::string& value) {
+    property* found = property::get_property(name);
+    if (found == nullptr) {
+        report_no_such_property();
+        return exit_status::success;
+    }
+    const bool done = found->set(value);
+    report_status("set " + name + " := " + value + (done ? "" : " failed."));
+    return done ? exit_status::success : exit_status::write_failed;
+}
+
+exit_status raw_read(const std::string& name) {
+    property* found = property::get_property(name);
+    std::string value;
+    if (found != nullptr && found->get(value)) {
+        print_line(value);
+    } else {
+        report_no_such_property();
+    }
+    return exit_status::success;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "cli/exit_status.hpp"
+
+/*
+ * The actions of the tool. Values and listings go to standard output, everything else to standard
+ * error; every line is flushed when it ends.
+ */
+
+/** Writes a NUL-terminated text to standard output; a null pointer sets the stream's bad bit. */
+void print(const char* text);
+
+void print_usage();
+
+/** Lists every group and its properties with their help texts. Reads no value. */
+exit_status list();
+
+/** Prints a property's value, then a status line. */
+exit_status read(const std::string& name);
+
+/** Sets a property, then prints a status line. */
+exit_status write(const std::string& name, const std::string& value);
+
+/** Prints a property's value and nothing else. Never fails: whatever is wrong is a message. */
+exit_status raw_read(const std::string& name);

@@ -1,0 +1,32 @@
+#include "cli/instance_lock.hpp"
+
+#include <iostream>
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+namespace {
+
+constexpr const char* lock_path = "/tmp/brisel.lock";
+
+int lock_fd = -1;
+
+} // namespace
+
+bool take_instance_lock() {
+    lock_fd = open(lock_path, O_RDWR | O_CREAT, 0666);
+    if (lock_fd < 0) {
+        std::cerr << std::string("Failed to open ") + lock_path + "\n" << std::flush;
+    }
+    if (lock_fd < 0 || flock(lock_fd, LOCK_EX) != 0) {
+        std::cerr << "Failed to lock!\n" << std::flush;
+        return false;
+    }
+    return true;
+}
+
+void release_instance_lock() {
+    if (lock_fd >= 0) {
+        flock(lock_fd, LOCK_UN);
+    }
+}

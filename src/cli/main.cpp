@@ -1,0 +1,63 @@
+#include <iostream>
+
+#include <unistd.h>
+
+#include "cli/actions.hpp"
+#include "cli/exit_status.hpp"
+#include "cli/instance_lock.hpp"
+#include "platform/register_properties.hpp"
+#include "property/property.hpp"
+#include "property/property_group.hpp"
+
+namespace {
+
+/** Reads or writes the property that the words from `optind` on name; further words are ignored. */
+exit_status access_operand(int argc, char* argv[]) {
+    if (argc - optind < 1) {
+        std::cout << ".." << optind << std::endl;
+        print_usage();
+        return exit_status::success;
+    }
+    const char* name = argv[optind];
+    return optind < argc - 1 ? write(name, argv[optind + 1]) : read(name);
+}
+
+/** Acts on the first option; every other word is an operand, whatever it looks like. */
+exit_status act(int argc, char* argv[]) {
+    const int option = getopt(argc, argv, ":xhilr:");
+    if (option == 'h' || (option == -1 && argc <= 1)) {
+        print_usage();
+        return exit_status::usage_shown;
+    }
+    switch (option) {
+    case 'i':
+        print("Not supported yet.");
+        std::cout << std::endl;
+        return exit_status::not_supported;
+    case 'l':
+        return list();
+    case 'r':
+        return raw_read(optarg);
+    case 'x':
+        property::m_number_mode = 1;
+        break;
+    default: // no option, or none that is known: the first word is the property's name
+        optind = 1;
+        break;
+    }
+    return access_operand(argc, argv);
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    if (!take_instance_lock()) {
+        return static_cast<int>(exit_status::lock_failed);
+    }
+    platform_register_properties();
+    const exit_status status = act(argc, argv);
+    property_group::free_all();
+    property::free_all();
+    release_instance_lock();
+    return static_cast<int>(status);
+}
