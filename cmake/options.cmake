@@ -6,15 +6,20 @@ target_compile_options(brisel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
     $<$<BOOL:${BRISEL_WERROR}>:-Werror>
     -fstack-protector-strong)
-# Files are opened with 64-bit offsets on 32-bit boards, too.
-target_compile_definitions(brisel_options INTERFACE
-    _FILE_OFFSET_BITS=64
-    # Fortified library calls need an optimising build, and hide accesses from the sanitizers.
-    $<$<AND:$<NOT:$<CONFIG:Debug>>,$<STREQUAL:${BRISEL_SANITIZE},>>:_FORTIFY_SOURCE=2>)
 target_link_options(brisel_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 
+# What the program and its tests are compiled with: the same, and the sanitizers where asked for.
+add_library(brisel_instrumented INTERFACE)
+target_link_libraries(brisel_instrumented INTERFACE brisel_options)
+
 if(BRISEL_SANITIZE)
-    target_compile_options(brisel_options INTERFACE
+    target_compile_options(brisel_instrumented INTERFACE
         -fsanitize=${BRISEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(brisel_options INTERFACE -fsanitize=${BRISEL_SANITIZE})
+    # With the runtime inside the program, the simulated board's library can be preloaded.
+    target_link_options(brisel_instrumented INTERFACE -fsanitize=${BRISEL_SANITIZE}
+        $<$<CXX_COMPILER_ID:GNU>:-static-libasan>)
+else()
+    # Fortified library calls need an optimising build, and hide accesses from the sanitizers.
+    target_compile_definitions(brisel_options INTERFACE
+        $<$<NOT:$<CONFIG:Debug>>:_FORTIFY_SOURCE=2>)
 endif()

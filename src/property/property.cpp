@@ -25,8 +25,11 @@ property* property::register_property(property_group* group, property* p) {
     if (get_property(p->name) != nullptr) {
         return nullptr;
     }
+    // The group first, which owns nothing: should memory run out at either step, the property is
+    // still its caller's alone.
+    group->add_property(p);
     properties[p->name] = p;
-    return group->add_property(p);
+    return p;
 }
 
 property* property::register_property(const std::string& group_name, property* p) {

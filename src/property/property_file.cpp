@@ -1,7 +1,6 @@
 #include "property/property_file.hpp"
 
 #include <fstream>
-#include <iostream>
 #include <sstream>
 #include <utility>
 

@@ -54,7 +54,7 @@ bool property_regulator_voltage::set(const std::string& value) {
             std::cerr << message.str() << std::flush;
             return false;
         }
-        // Multiplied first: 1.07 times 1000000 would come out above 1070000.
+        // Multiplied first: divided first, 103.75% of 800000 would come out above 830000.
         target = m_base_uv * percent / 100;
     } else {
         target = std::stod(value);

@@ -46,7 +46,7 @@ public:
 
 protected:
     /** 2 to the power of the width, minus 1: not yet shifted. */
-    unsigned int m_mask;
+    unsigned int m_mask = 0;
     /** Number of the lowest bit. */
-    int m_shift;
+    int m_shift = 0;
 };
