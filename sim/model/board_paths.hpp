@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+namespace sim {
+
+/** The memory device node: mapping it reaches the registers. */
+constexpr std::string_view device_node = "/dev/zeb_mem";
+
+/** The lock file of the tool; every board has its own. */
+constexpr std::string_view lock_file = "/tmp/brisel.lock";
+
+/** True for `directory` itself and for everything below it. Plain comparison of absolute paths. */
+bool is_at_or_below(std::string_view path, std::string_view directory);
+
+/**
+ * True for a path that belongs to the board and not to the machine that simulates it: the device
+ * node, the lock file, and everything in /sys/class/regulator and /sys/kernel/debug.
+ */
+bool is_board_path(std::string_view path);
+
+} // namespace sim

@@ -1,0 +1,88 @@
+#include "model/fault_list.hpp"
+
+#include "model/board_paths.hpp"
+#include "model/device_layout.hpp"
+#include "model/text.hpp"
+
+namespace sim {
+namespace {
+
+/** The error of the last fault whose path is `path` or a directory above it. */
+template <typename Faults>
+std::optional<int> error_for(const Faults& faults, std::string_view path) {
+    std::optional<int> error;
+    for (const auto& fault : faults) {
+        if (is_at_or_below(path, fault.path)) {
+            error = fault.error;
+        }
+    }
+    return error;
+}
+
+bool concerns(const register_key& place, const register_key& key) {
+    return place.address == key.address && (!place.selector || place.selector == key.selector);
+}
+
+} // namespace
+
+void fault_list::check_places(const register_table& registers) const {
+    for (const std::vector<word_fault>* faults : {&m_stuck, &m_reads_as}) {
+        for (const word_fault& fault : *faults) {
+            if (!registers.has_register(fault.place.address)) {
+                throw input_error(fault.where,
+                                  "no register lies at " + hex_text(fault.place.address));
+            }
+        }
+    }
+}
+
+std::uint32_t fault_list::stuck_bits(const register_key& key) const {
+    std::uint32_t bits = 0;
+    for (const word_fault& fault : m_stuck) {
+        if (concerns(fault.place, key)) {
+            bits |= fault.word;
+        }
+    }
+    return bits;
+}
+
+std::optional<std::uint32_t> fault_list::read_back(const register_key& key) const {
+    std::optional<std::uint32_t> word;
+    for (const word_fault& fault : m_reads_as) {
+        if (concerns(fault.place, key)) {
+            word = fault.word;
+        }
+    }
+    return word;
+}
+
+std::optional<int> fault_list::open_error(std::string_view path, bool for_writing) const {
+    const std::optional<int> error = error_for(m_no_open, path);
+    return error || !for_writing ? error : error_for(m_no_write, path);
+}
+
+std::optional<int> fault_list::map_error(std::uint32_t address) const {
+    std::optional<int> error;
+    for (const page_fault& fault : m_no_map) {
+        if (fault.page == page_of(address)) {
+            error = fault.error;
+        }
+    }
+    return error;
+}
+
+std::optional<int> fault_list::lock_error(std::string_view path) const {
+    return error_for(m_no_lock, path);
+}
+
+std::optional<std::string> fault_list::content(std::string_view path) const {
+    std::optional<std::string> text;
+    for (const content_fault& fault : m_content) {
+        if (fault.path == path) {
+            text = fault.text;
+        }
+    }
+    return text;
+}
+
+} // namespace sim

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "model/register_table.hpp"
+
+#include <cstdint>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sim {
+
+/**
+ * What is wrong with a board: one fault per line, each a kind, a place and how it shows.
+ *
+ *     stuck     ADDRESS[/SELECTOR] MASK    the bits of MASK do not take a write
+ *     reads-as  ADDRESS[/SELECTOR] WORD    reads give WORD, whatever was written
+ *     no-open   PATH [ERROR]               the path, or anything below it, cannot be opened
+ * (ENOENT) no-write  PATH [ERROR]               it cannot be opened for writing (EACCES) no-map
+ * ADDRESS [ERROR]            the page with this address cannot be mapped (EPERM) no-lock   PATH
+ * [ERROR]               the file cannot be locked (ENOLCK) content   PATH [TEXT] reads of the file
+ * give TEXT, or nothing at all
+ *
+ * ERROR is the name of an errno value; the one in brackets is taken when it is left out. Without a
+ * selector a fault of a banked register concerns all its banks. Where several faults concern the
+ * same place, the last one counts, except that stuck bits add up. The board's own text is never
+ * changed by a fault.
+ */
+class fault_list {
+public:
+    /** Adds the faults of a whole text; `file` is its name for messages. As `add` for each line. */
+    void add_all(std::istream& text, const std::string& file);
+
+    /**
+     * Adds the fault of one line; an empty line or one that begins with "#" adds none. `where`
+     * names the line for messages. Throws input_error on anything that is not as told above, and on
+     * a path that does not belong to a board.
+     */
+    void add(std::string_view line, const std::string& where);
+
+    /** Throws input_error if a fault concerns a register that `registers` does not list. */
+    void check_places(const register_table& registers) const;
+
+    /** The bits at `key` that keep their old value in a write. */
+    std::uint32_t stuck_bits(const register_key& key) const;
+
+    /** The word that every read at `key` gives; empty for a register that reads what it holds. */
+    std::optional<std::uint32_t> read_back(const register_key& key) const;
+
+    /** The errno value with which opening fails; empty when it does not. */
+    std::optional<int> open_error(std::string_view path, bool for_writing) const;
+
+    /** The errno value with which mapping the page at `address` fails; empty when it does not. */
+    std::optional<int> map_error(std::uint32_t address) const;
+
+    /** The errno value with which locking fails; empty when it does not. */
+    std::optional<int> lock_error(std::string_view path) const;
+
+    /** What a reader of the file gets in place of its content; empty when it gets the content. */
+    std::optional<std::string> content(std::string_view path) const;
+
+private:
+    class line_parser;
+
+    struct word_fault {
+        register_key place; ///< without a selector: all banks
+        std::uint32_t word;
+        std::string where; ///< the line it was read from, for messages
+    };
+    struct path_fault {
+        std::string path;
+        int error;
+    };
+    struct page_fault {
+        std::uint32_t page;
+        int error;
+    };
+    struct content_fault {
+        std::string path;
+        std::string text;
+    };
+
+    std::vector<word_fault> m_stuck;
+    std::vector<word_fault> m_reads_as;
+    std::vector<path_fault> m_no_open;
+    std::vector<path_fault> m_no_write;
+    std::vector<path_fault> m_no_lock;
+    std::vector<page_fault> m_no_map;
+    std::vector<content_fault> m_content;
+};
+
+} // namespace sim

@@ -1,0 +1,132 @@
+#include "model/board_paths.hpp"
+#include "model/ddr_phy.hpp"
+#include "model/device_layout.hpp"
+#include "model/errno_names.hpp"
+#include "model/fault_list.hpp"
+#include "model/text.hpp"
+
+#include <cerrno>
+#include <istream>
+
+namespace sim {
+
+/** Takes the words of one line, from left to right. */
+class fault_list::line_parser {
+public:
+    line_parser(std::string_view line, const std::string& where) : m_rest(line), m_where(where) {}
+
+    std::string_view kind() { return take_word(m_rest); }
+
+    word_fault register_word(const char* what) {
+        const register_key key = place();
+        const std::uint32_t word = number(take_word(m_rest), what);
+        end();
+        return {key, word, m_where};
+    }
+
+    path_fault path_error(int usual_error) {
+        std::string path = board_path();
+        const int error = errno_or(usual_error);
+        return {std::move(path), error};
+    }
+
+    page_fault page_error(int usual_error) {
+        const std::uint32_t address = number(take_word(m_rest), "address");
+        return {page_of(address), errno_or(usual_error)};
+    }
+
+    content_fault file_content() {
+        std::string path = board_path();
+        return {std::move(path), std::string(trimmed(m_rest))};
+    }
+
+    [[noreturn]] void refuse(const std::string& message) const {
+        throw input_error(m_where, message);
+    }
+
+private:
+    std::uint32_t number(std::string_view word, const char* what) const {
+        const std::optional<std::uint32_t> value = parse_number(word);
+        if (!value) {
+            refuse(no_number(word, what));
+        }
+        return *value;
+    }
+
+    register_key place() {
+        const std::string_view word = take_word(m_rest);
+        const std::size_t slash = word.find('/');
+        const std::uint32_t address = number(word.substr(0, slash), "address");
+        if (slash == std::string_view::npos) {
+            return {address, std::nullopt};
+        }
+        if (!find_banked_register(address)) {
+            refuse("the register at " + hex_text(address) + " is not banked");
+        }
+        return {address, number(word.substr(slash + 1), "selector")};
+    }
+
+    std::string board_path() {
+        const std::string_view path = take_word(m_rest);
+        if (!is_board_path(path)) {
+            refuse(quoted(path) + " is no path of the board");
+        }
+        return std::string(path);
+    }
+
+    int errno_or(int usual_error) {
+        const std::string_view name = take_word(m_rest);
+        end();
+        if (name.empty()) {
+            return usual_error;
+        }
+        const std::optional<int> error = errno_value(name);
+        if (!error) {
+            refuse(quoted(name) + " is no errno name");
+        }
+        return *error;
+    }
+
+    void end() const {
+        if (!trimmed(m_rest).empty()) {
+            refuse(quoted(trimmed(m_rest)) + " is too much");
+        }
+    }
+
+    std::string_view m_rest;
+    const std::string& m_where;
+};
+
+void fault_list::add_all(std::istream& text, const std::string& file) {
+    std::string line;
+    for (std::size_t number = 1; std::getline(text, line); ++number) {
+        add(line, file + ":" + std::to_string(number));
+    }
+}
+
+void fault_list::add(std::string_view line, const std::string& where) {
+    line_parser parser(line, where);
+    const std::string_view kind = parser.kind();
+    if (kind.empty() || kind.front() == '#') {
+        return;
+    }
+    if (kind == "stuck") {
+        m_stuck.push_back(parser.register_word("mask"));
+    } else if (kind == "reads-as") {
+        m_reads_as.push_back(parser.register_word("word"));
+    } else if (kind == "no-open") {
+        m_no_open.push_back(parser.path_error(ENOENT));
+    } else if (kind == "no-write") {
+        m_no_write.push_back(parser.path_error(EACCES));
+    } else if (kind == "no-map") {
+        m_no_map.push_back(parser.page_error(EPERM));
+    } else if (kind == "no-lock") {
+        m_no_lock.push_back(parser.path_error(ENOLCK));
+    } else if (kind == "content") {
+        m_content.push_back(parser.file_content());
+    } else {
+        parser.refuse(quoted(kind) + " is no kind of fault");
+    }
+}
+
+} // namespace sim

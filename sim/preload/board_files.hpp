@@ -1,0 +1,25 @@
+#pragma once
+
+#include "preload/board_session.hpp"
+
+#include <string>
+#include <sys/types.h>
+
+namespace sim {
+
+/**
+ * Opens a path of the board as open(2) does, on what the board has in its place, and keeps the
+ * descriptor in mind. -1 with errno set when it fails or a fault has it fail.
+ */
+int open_on_board(board_session& board, const std::string& path, int flags, mode_t mode);
+
+/** The flags of open(2) for a mode of fopen such as "r", "w" or "r+e". */
+int flags_of_mode(const char* mode);
+
+/** flock(2) on an open file of the board. */
+int lock_on_board(const board_session& board, int descriptor, int operation);
+
+/** To be called with what board_session::files forgot, after the descriptor was closed. */
+void trace_close(const board_session& board, const std::string& path);
+
+} // namespace sim

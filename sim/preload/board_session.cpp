@@ -1,0 +1,100 @@
+#include "preload/board_session.hpp"
+
+#include "model/text.hpp"
+#include "preload/report.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+#include <utility>
+
+namespace sim {
+namespace {
+
+board_session* session = nullptr;
+
+std::string setting(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string() : value;
+}
+
+std::ifstream open_text(const std::string& file) {
+    std::ifstream text(file);
+    if (!text) {
+        throw input_error(file, std::strerror(errno));
+    }
+    return text;
+}
+
+// Before the program's own static objects are built: some of them read a file of the board.
+[[gnu::constructor]] void begin_session() {
+    const std::string folder = setting("BRISEL_BOARD");
+    if (folder.empty()) {
+        refuse("BRISEL_BOARD names no folder: start programs with sim/board");
+    }
+    try {
+        session = new board_session(folder, setting("BRISEL_BOARD_TRACE"),
+                                    setting("BRISEL_BOARD_FAULTS"));
+    } catch (const std::exception& error) {
+        refuse(error.what());
+    }
+}
+
+[[gnu::destructor]] void end_session() {
+    delete std::exchange(session, nullptr);
+}
+
+} // namespace
+
+board_session::board_session(std::string folder, const std::string& trace_target,
+                             const std::string& more_faults)
+    : m_folder(std::move(folder)), m_trace(trace_target) {
+    const std::string file = m_folder + "/faults";
+    std::ifstream faults = open_text(file);
+    m_faults.add_all(faults, file);
+    std::istringstream more(more_faults);
+    m_faults.add_all(more, "-f");
+    load_model();
+}
+
+void board_session::load_model() {
+    const std::string file = m_folder + "/registers";
+    std::ifstream text = open_text(file);
+    register_table registers = register_table::parse(text, file);
+    m_faults.check_places(registers);
+    m_model.emplace(std::move(registers), m_faults);
+}
+
+void board_session::save_model() const {
+    const std::string file = m_folder + "/registers";
+    const std::string new_file = file + "." + std::to_string(getpid());
+    std::ofstream text(new_file);
+    m_model->registers().print(text);
+    text.close();
+    if (!text || std::rename(new_file.c_str(), file.c_str()) != 0) {
+        const std::string reason = std::strerror(errno);
+        std::remove(new_file.c_str());
+        refuse("cannot write " + file + ": " + reason);
+    }
+}
+
+void board_session::violation(const std::string& message) const noexcept {
+    const std::string text = "violation " + message;
+    m_trace.line(text);
+    say(text);
+    std::abort();
+}
+
+std::string board_session::kept_at(std::string_view path) const {
+    return m_folder + "/root" + std::string(path);
+}
+
+board_session* current_session() noexcept {
+    return session;
+}
+
+} // namespace sim

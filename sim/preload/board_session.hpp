@@ -1,0 +1,66 @@
+#pragma once
+
+#include "model/board_model.hpp"
+#include "model/fault_list.hpp"
+#include "preload/open_files.hpp"
+#include "preload/trace_log.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sim {
+
+/**
+ * The board that this process works on: its folder, its faults, its trace, and what is open on it.
+ *
+ * The folder holds `registers`, `faults`, and below `root` the files that the board shows in place
+ * of the machine's.
+ */
+class board_session {
+public:
+    /**
+     * Reads the faults of the folder, then those of `more_faults` (one per line), and reads the
+     * registers once to see that they make sense. Throws input_error if any of that does not.
+     */
+    board_session(std::string folder, const std::string& trace_target,
+                  const std::string& more_faults);
+
+    /** Reads the registers as they stand in the folder now. */
+    void load_model();
+
+    /** Writes the registers back, in one step: a reader sees the old table or the new one. */
+    void save_model() const;
+
+    /** What the registers held when the device node was last opened, and what came after. */
+    board_model& model() { return *m_model; }
+
+    /**
+     * Ends the process: it used the board as no program should. Says so on standard error, and as
+     * the last line of the trace, which then begins with "violation".
+     */
+    [[noreturn]] void violation(const std::string& message) const noexcept;
+
+    /** Where the board keeps what the program calls `path`. */
+    std::string kept_at(std::string_view path) const;
+
+    const fault_list& faults() const { return m_faults; }
+    const trace_log& trace() const { return m_trace; }
+    open_files& files() { return m_files; }
+    const open_files& files() const { return m_files; }
+
+private:
+    std::string m_folder;
+    trace_log m_trace;
+    fault_list m_faults;
+    open_files m_files;
+    std::optional<board_model> m_model;
+};
+
+/**
+ * The session of this process, or null before it begins and after it ends: calls made then are not
+ * the program's.
+ */
+board_session* current_session() noexcept;
+
+} // namespace sim

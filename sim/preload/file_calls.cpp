@@ -1,0 +1,150 @@
+// The C library's calls on files, as the program on the board reaches them. A path of the board
+// goes to the board; everything else goes on to the C library as it came.
+
+#undef _FORTIFY_SOURCE // with it the headers define some of these functions themselves
+
+#include "model/board_paths.hpp"
+#include "preload/board_files.hpp"
+#include "preload/next_call.hpp"
+
+#include <cstdarg>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace {
+
+using sim::board_session;
+using sim::next_call;
+
+/** The board, if the path is the board's. */
+board_session* board_of(const char* path) {
+    return sim::is_board_path(path) ? sim::current_session() : nullptr;
+}
+
+/** The board, if the descriptor is open on it. */
+board_session* board_of(int descriptor) {
+    board_session* const board = sim::current_session();
+    return board != nullptr && board->files().path_of(descriptor) != nullptr ? board : nullptr;
+}
+
+/** The argument after the flags, which only calls that may create a file have. */
+mode_t take_mode(int flags, va_list& arguments) {
+    const bool creates = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+    return creates ? va_arg(arguments, mode_t) : 0;
+}
+
+using open_call = int(const char*, int, ...);
+using openat_call = int(int, const char*, int, ...);
+using fopen_call = FILE*(const char*, const char*);
+
+int open_file(open_call* real, const char* path, int flags, mode_t mode) {
+    board_session* const board = board_of(path);
+    return board == nullptr ? real(path, flags, mode)
+                            : sim::open_on_board(*board, path, flags, mode);
+}
+
+int open_file_at(openat_call* real, int directory, const char* path, int flags, mode_t mode) {
+    board_session* const board = board_of(path);
+    return board == nullptr ? real(directory, path, flags, mode)
+                            : sim::open_on_board(*board, path, flags, mode);
+}
+
+FILE* open_stream(fopen_call* real, const char* path, const char* mode) {
+    board_session* const board = board_of(path);
+    if (board == nullptr) {
+        return real(path, mode);
+    }
+    const int descriptor = sim::open_on_board(*board, path, sim::flags_of_mode(mode), 0666);
+    return descriptor < 0 ? nullptr : fdopen(descriptor, mode);
+}
+
+/** Closes by way of `real`, which is given the board's descriptor or something that holds it. */
+template <typename Close>
+int close_file(int descriptor, Close real) {
+    board_session* const board = board_of(descriptor);
+    if (board == nullptr) {
+        return real();
+    }
+    const std::unique_ptr<std::string> path = board->files().forget(descriptor);
+    const int result = real();
+    sim::trace_close(*board, *path);
+    return result;
+}
+
+} // namespace
+
+BOARD_CALL int open(const char* path, int flags, ...) {
+    static auto* const real = next_call<open_call>("open");
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = take_mode(flags, arguments);
+    va_end(arguments);
+    return open_file(real, path, flags, mode);
+}
+
+BOARD_CALL int open64(const char* path, int flags, ...) {
+    static auto* const real = next_call<open_call>("open64");
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = take_mode(flags, arguments);
+    va_end(arguments);
+    return open_file(real, path, flags, mode);
+}
+
+// The next two are what open and open64 become where _FORTIFY_SOURCE is on and no mode is given.
+BOARD_CALL int __open_2(const char* path, int flags) {
+    static auto* const real = next_call<open_call>("open");
+    return open_file(real, path, flags, 0);
+}
+
+BOARD_CALL int __open64_2(const char* path, int flags) {
+    static auto* const real = next_call<open_call>("open64");
+    return open_file(real, path, flags, 0);
+}
+
+BOARD_CALL int openat(int directory, const char* path, int flags, ...) {
+    static auto* const real = next_call<openat_call>("openat");
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = take_mode(flags, arguments);
+    va_end(arguments);
+    return open_file_at(real, directory, path, flags, mode);
+}
+
+BOARD_CALL int openat64(int directory, const char* path, int flags, ...) {
+    static auto* const real = next_call<openat_call>("openat64");
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = take_mode(flags, arguments);
+    va_end(arguments);
+    return open_file_at(real, directory, path, flags, mode);
+}
+
+BOARD_CALL FILE* fopen(const char* path, const char* mode) {
+    static auto* const real = next_call<fopen_call>("fopen");
+    return open_stream(real, path, mode);
+}
+
+BOARD_CALL FILE* fopen64(const char* path, const char* mode) {
+    static auto* const real = next_call<fopen_call>("fopen64");
+    return open_stream(real, path, mode);
+}
+
+BOARD_CALL int close(int descriptor) {
+    static auto* const real = next_call<int(int)>("close");
+    return close_file(descriptor, [&] { return real(descriptor); });
+}
+
+BOARD_CALL int fclose(FILE* stream) {
+    static auto* const real = next_call<int(FILE*)>("fclose");
+    return close_file(fileno(stream), [&] { return real(stream); });
+}
+
+BOARD_CALL int flock(int descriptor, int operation) noexcept {
+    static auto* const real = next_call<int(int, int)>("flock");
+    const board_session* const board = board_of(descriptor);
+    return board == nullptr ? real(descriptor, operation)
+                            : sim::lock_on_board(*board, descriptor, operation);
+}

@@ -1,0 +1,152 @@
+#include "sim/board_fixture.hpp"
+
+#include <fstream>
+#include <set>
+
+// The board's folder, its files and its faults, by way of the launcher.
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class sim_board_run : public board_fixture {};
+
+TEST_F(sim_board_run, what_was_written_is_there_in_the_next_run) {
+    probe("open map=0x18428000 write=0x1842812c:0x20e unmap map=0x18428000 "
+          "write=0x18428194:0xc5 unmap");
+    EXPECT_EQ(board("'" BOARD_PROBE "' open map=0x18428000 read=0x18428194 unmap").output,
+              "0x000000c5\n");
+}
+
+TEST_F(sim_board_run, reset_brings_back_power_on) {
+    probe("open map=0x18428000 write=0x18428120:0 unmap");
+    board("-r");
+    EXPECT_EQ(board("'" BOARD_PROBE "' open map=0x18428000 read=0x18428120 unmap").output,
+              "0x40eb02b4\n");
+}
+
+TEST_F(sim_board_run, a_child_of_the_program_is_on_the_board_too) {
+    const outcome run = board("'" BOARD_PROBE "' open fork map=0x18428000 read=0x18428120 unmap");
+    EXPECT_EQ(run.output, "0x40eb02b4\n0x40eb02b4\n");
+}
+
+TEST_F(sim_board_run, faults_of_a_run_show_in_it_and_are_gone_after_it) {
+    EXPECT_EQ(probe("open", "-f 'no-open /dev/zeb_mem EACCES'").output,
+              "open /dev/zeb_mem rw failed: Permission denied\n"
+              "open: Permission denied\n");
+    EXPECT_EQ(probe("open map=0x18428000", "-f 'no-map 0x18428120'").output,
+              "open /dev/zeb_mem rw\n"
+              "map 0x18428000 failed: Operation not permitted\n"
+              "mmap: Operation not permitted\n");
+    EXPECT_EQ(board("-f 'stuck 0x18428120 0xf' -f 'reads-as 0x1842812c 7' '" BOARD_PROBE "' open "
+                    "map=0x18428000 write=0x18428120:0 unmap map=0x18428000 read=0x18428120 unmap "
+                    "map=0x18428000 read=0x1842812c unmap")
+                  .output,
+              "0x00000004\n0x00000007\n");
+    EXPECT_EQ(probe("open").output, "open /dev/zeb_mem rw\n");
+}
+
+TEST_F(sim_board_run, files_of_the_board_take_the_place_of_the_machines) {
+    EXPECT_EQ(board("-t cat /sys/kernel/debug/mmc0/rdqs").output,
+              "open /sys/kernel/debug/mmc0/rdqs r\n"
+              "40\n"
+              "close /sys/kernel/debug/mmc0/rdqs\n");
+    board("-f 'content /sys/kernel/debug/mmc0/rdqs 7' "
+          "sh -c 'echo 41 >/sys/kernel/debug/mmc0/rdqs'");
+    EXPECT_EQ(board("cat /sys/kernel/debug/mmc0/rdqs").output, "41\n");
+    EXPECT_EQ(board("-f 'content /sys/kernel/debug/mmc0/rdqs what now' "
+                    "cat /sys/kernel/debug/mmc0/rdqs")
+                  .output,
+              "what now\n");
+    const outcome refused = board("-t -f 'no-write /sys/kernel/debug/mmc0/rdqs' "
+                                  "sh -c 'echo 42 >/sys/kernel/debug/mmc0/rdqs'");
+    EXPECT_EQ(first_lines(refused.output, 1),
+              "open /sys/kernel/debug/mmc0/rdqs w failed: Permission denied\n");
+    EXPECT_EQ(board("cat /sys/kernel/debug/mmc0/rdqs").output, "41\n");
+}
+
+TEST_F(sim_board_run, a_lock_that_fails_is_traced_as_failed) {
+    const outcome run = board("-t -f 'no-lock /tmp/brisel.lock EINTR' brisel -h");
+    EXPECT_NE(run.output.find("\nlock /tmp/brisel.lock failed: Interrupted system call\n"),
+              std::string::npos)
+        << run.output;
+    EXPECT_EQ(run.status, 255);
+}
+
+TEST_F(sim_board_run, steps_that_two_processes_take_at_once_are_all_kept) {
+    const std::string five = "(for i in 1 2 3 4 5; do brisel orlin-ddra0::scl +1; done)";
+    const outcome run = board("sh -c 'exec 2>/dev/null; " + five + " & " + five +
+                              "; wait; brisel -x orlin-ddra0::scl'");
+    EXPECT_EQ(run.output, "0x80001c0a\n");
+}
+
+TEST_F(sim_board_run, a_line_that_makes_no_sense_ends_the_run_before_it_begins) {
+    board("-r");
+    std::ofstream(state() / "registers", std::ios::app) << "0x18428120 - 1 rw again\n";
+    const outcome bad_table = probe("open");
+    EXPECT_EQ(bad_table.status, 2);
+    EXPECT_NE(bad_table.output.find("/registers:"), std::string::npos) << bad_table.output;
+    EXPECT_NE(bad_table.output.find(": this word is listed already\n"), std::string::npos)
+        << bad_table.output;
+    board("-r");
+    const outcome bad_fault = probe("open", "-f broken");
+    EXPECT_EQ(bad_fault.status, 2);
+    EXPECT_EQ(bad_fault.output, "sim/board: -f:1: 'broken' is no kind of fault\n");
+    const outcome misplaced = probe("open", "-f '#' -f 'stuck 0x18428124 1'");
+    EXPECT_EQ(misplaced.status, 2);
+    EXPECT_EQ(misplaced.output, "sim/board: -f:2: no register lies at 0x18428124\n");
+}
+
+TEST_F(sim_board_run, a_program_that_keeps_the_library_out_is_refused) {
+    const outcome run = board("'" STATIC_PROGRAM "'");
+    EXPECT_EQ(run.output, "sim/board: " STATIC_PROGRAM " cannot run on a board: it is no "
+                          "dynamically linked program of this machine\n");
+    EXPECT_EQ(run.status, 2);
+}
+
+TEST_F(sim_board_run, a_script_is_what_its_interpreter_is) {
+    board("-r");
+    const auto script_for = [this](const std::string& interpreter) {
+        const fs::path script = state() / "script";
+        std::ofstream(script) << "#! " << interpreter << "\ncat /sys/kernel/debug/mmc0/rdqs\n";
+        fs::permissions(script, fs::perms::owner_all);
+    };
+    script_for("/bin/sh -e");
+    EXPECT_EQ(board("state/script").output, "40\n");
+    script_for(STATIC_PROGRAM);
+    EXPECT_EQ(board("state/script").status, 2);
+}
+
+TEST_F(sim_board_run, a_program_that_changes_its_user_or_group_is_refused) {
+    fs::create_directory(state().parent_path() / "bin");
+    const fs::path program = state().parent_path() / "bin" / "program";
+    fs::copy_file(BOARD_PROBE, program);
+    EXPECT_EQ(board("bin/program").status, 0);
+    for (const fs::perms change : {fs::perms::set_uid, fs::perms::set_gid}) {
+        fs::permissions(program, fs::perms::owner_all | change);
+        const outcome run = board("bin/program");
+        EXPECT_NE(run.output.find("cannot run on a board: it changes its user or group\n"),
+                  std::string::npos)
+            << run.output;
+        EXPECT_EQ(run.status, 2);
+    }
+}
+
+TEST_F(sim_board_run, a_folder_that_holds_something_else_is_left_alone) {
+    fs::create_directory(state());
+    std::ofstream(state() / "letter") << "dear";
+    EXPECT_EQ(board("-r").status, 2);
+    EXPECT_TRUE(fs::exists(state() / "letter"));
+    EXPECT_FALSE(fs::exists(state() / "registers"));
+}
+
+TEST_F(sim_board_run, nothing_but_the_board_is_left_in_its_folder) {
+    probe("open map=0x18428000 write=0x18428120:0 unmap");
+    std::set<std::string> names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(state())) {
+        names.insert(entry.path().filename());
+    }
+    EXPECT_EQ(names, (std::set<std::string>{"faults", "registers", "root"}));
+}
+
+} // namespace

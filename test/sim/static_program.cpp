@@ -1,0 +1,3 @@
+// Linked statically, and so out of reach for the simulated board.
+
+int main() {}
