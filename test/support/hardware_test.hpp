@@ -1,0 +1,36 @@
+#pragma once
+
+#include <iostream>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "property/property.hpp"
+#include "property/property_group.hpp"
+#include "support/captured_stream.hpp"
+#include "support/fake_memory.hpp"
+
+/** A test on fresh fake memory, with empty registries, decimal numbers and caught messages. */
+class hardware_test : public testing::Test {
+protected:
+    hardware_test() {
+        fake_memory::reset();
+        property::m_number_mode = 0;
+    }
+    ~hardware_test() override {
+        property_group::free_all();
+        property::free_all();
+        property::m_number_mode = 0;
+    }
+
+    /** What was written to standard error so far. */
+    std::string messages() const { return m_cerr.text(); }
+
+    /** What was written to standard output so far. */
+    std::string output() const { return m_cout.text(); }
+
+private:
+    captured_stream m_cerr{std::cerr};
+    captured_stream m_cout{std::cout};
+};
