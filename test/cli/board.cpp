@@ -1,0 +1,158 @@
+#include "cli/board.hpp"
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+const int aborted = -SIGABRT;
+
+namespace {
+
+std::string contents(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+void write_file(const fs::path& path, const std::string& text) {
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string new_folder() {
+    std::string pattern = (fs::temp_directory_path() / "brisel-board-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) {
+        throw std::system_error(errno, std::generic_category(), pattern);
+    }
+    return pattern;
+}
+
+/** Runs a program with its standard streams on files. */
+int run_program(const std::vector<std::string>& words, const fs::path& out, const fs::path& err) {
+    std::vector<char*> argv;
+    for (const std::string& word : words) {
+        argv.push_back(const_cast<char*>(word.c_str())); // exec takes what it never changes
+    }
+    argv.push_back(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        const int flags = O_WRONLY | O_CREAT | O_TRUNC;
+        dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+        dup2(open(out.c_str(), flags, 0600), STDOUT_FILENO);
+        dup2(open(err.c_str(), flags, 0600), STDERR_FILENO);
+        setenv("BRISEL_BUILD", BRISEL_BUILD_DIR, 1);
+        execv(argv[0], argv.data());
+        _exit(127);
+    }
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) != child) {
+        throw std::system_error(errno, std::generic_category(), words.front());
+    }
+    return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+} // namespace
+
+board_setup& board_setup::word(std::uint32_t address, std::uint32_t word) {
+    m_words.push_back({{address, std::nullopt}, word});
+    return *this;
+}
+
+board_setup& board_setup::word(std::uint32_t address, std::uint32_t selector, std::uint32_t word) {
+    m_words.push_back({{address, selector}, word});
+    return *this;
+}
+
+board_setup& board_setup::file(std::string path, std::string text) {
+    m_files.emplace_back(std::move(path), std::move(text));
+    return *this;
+}
+
+board_setup& board_setup::fault(std::string line) {
+    m_faults.push_back(std::move(line));
+    return *this;
+}
+
+board::board(const board_setup& setup) : m_folder(new_folder()) {
+    const fs::path folder = m_folder;
+    fs::copy(POWER_ON_DIR, folder / "state", fs::copy_options::recursive);
+    const fs::path registers = folder / "state" / "registers";
+    fs::create_directories(folder / "state" / "root" / "tmp"); // git keeps no empty folder
+    std::istringstream text(contents(registers));
+    sim::register_table table = sim::register_table::parse(text, registers.string());
+    for (const auto& [key, word] : setup.m_words) {
+        if (table.find(key) == nullptr) {
+            throw std::invalid_argument("a test sets a word that the board does not have");
+        }
+        table.set_word(key, word);
+    }
+    std::ofstream out(registers);
+    table.print(out);
+    for (const auto& [path, file_text] : setup.m_files) {
+        write_file(folder / "state" / ("root" + path), file_text);
+    }
+    std::ofstream faults(folder / "state" / "faults", std::ios::app);
+    for (const std::string& fault : setup.m_faults) {
+        faults << fault << '\n';
+    }
+}
+
+board::~board() {
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+}
+
+run_result board::run(const std::vector<std::string>& arguments) const {
+    const fs::path folder = m_folder;
+    std::vector<std::string> words = {
+        BOARD_LAUNCHER, "-b", (folder / "state").string(), "-T", (folder / "trace").string(),
+        "brisel"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    const int status = run_program(words, folder / "out", folder / "err");
+    return {contents(folder / "out"), contents(folder / "err"), status};
+}
+
+std::vector<std::string> board::trace() const {
+    std::istringstream text(contents(fs::path(m_folder) / "trace"));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+std::vector<std::string> board::accesses() const {
+    std::vector<std::string> found;
+    for (const std::string& line : trace()) {
+        std::istringstream words(line);
+        std::string what, address, word;
+        words >> what >> address >> word;
+        if (what == "read" || what == "write" || what == "violation") {
+            found.push_back(what + " " + address + " " + word);
+        }
+    }
+    return found;
+}
+
+std::string board::path(const std::string& board_path) const {
+    return (fs::path(m_folder) / "state" / ("root" + board_path)).string();
+}
+
+std::optional<std::string> board::file(const std::string& board_path) const {
+    const std::string inside = path(board_path);
+    if (!fs::exists(inside)) {
+        return std::nullopt;
+    }
+    return contents(inside);
+}

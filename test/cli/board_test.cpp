@@ -1,0 +1,135 @@
+#include <chrono>
+#include <future>
+#include <thread>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include "cli/board.hpp"
+#include "cli/texts.hpp"
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::StartsWith;
+
+namespace {
+
+const std::string sda = "i2c0-delay::sda-delay";
+
+TEST(Run, OpensTheRdqsFileBeforeItTakesTheLockAndUnlocksLast) {
+    const board on_board(board_setup().word(0x10090110, 0x3));
+    on_board.run({sda, "5"});
+    EXPECT_THAT(on_board.trace(),
+                ElementsAre("open /sys/kernel/debug/mmc0/rdqs r",
+                            "close /sys/kernel/debug/mmc0/rdqs", "open /tmp/brisel.lock rw",
+                            "lock /tmp/brisel.lock", "open /dev/zeb_mem rw", "map 0x10090000",
+                            "read 0x10090110 0x00000003 i2c0-delay", "unmap 0x10090000",
+                            "close /dev/zeb_mem", "open /dev/zeb_mem rw", "map 0x10090000",
+                            "write 0x10090110 0x00000005 i2c0-delay", "unmap 0x10090000",
+                            "close /dev/zeb_mem", "open /dev/zeb_mem rw", "map 0x10090000",
+                            "read 0x10090110 0x00000005 i2c0-delay", "unmap 0x10090000",
+                            "close /dev/zeb_mem", "unlock /tmp/brisel.lock"));
+}
+
+TEST(Run, ListingOpensNothingButTheRdqsFileAndTheLock) {
+    const board on_board;
+    on_board.run({"-l"});
+    EXPECT_THAT(on_board.trace(),
+                ElementsAre("open /sys/kernel/debug/mmc0/rdqs r",
+                            "close /sys/kernel/debug/mmc0/rdqs", "open /tmp/brisel.lock rw",
+                            "lock /tmp/brisel.lock", "unlock /tmp/brisel.lock"));
+}
+
+TEST(Run, ReadOfARegulatorOpensItsVoltageTwiceAndItsLimitsOnce) {
+    const board on_board;
+    on_board.run({"cpu_regulator::microvolts"});
+    const std::string directory = "/sys/class/regulator/regulator.1";
+    std::vector<std::string> opened;
+    for (const std::string& line : on_board.trace()) {
+        if (line.starts_with("open /sys/class")) {
+            opened.push_back(line);
+        }
+    }
+    EXPECT_THAT(opened, ElementsAre("open " + directory + "/microvolts r",
+                                    "open " + directory + "/min_microvolts r",
+                                    "open " + directory + "/max_microvolts r",
+                                    "open " + directory + "/microvolts r"));
+}
+
+TEST(Run, LockFileIsCreatedEmptyAndKept) {
+    const board on_board;
+    EXPECT_EQ(on_board.file("/tmp/brisel.lock"), std::nullopt);
+    on_board.run({sda});
+    EXPECT_EQ(on_board.file("/tmp/brisel.lock"), "");
+}
+
+TEST(Run, LockFileIsNeverWritten) {
+    const board on_board(board_setup().file("/tmp/brisel.lock", "left alone"));
+    EXPECT_EQ(on_board.run({sda, "5"}).status, 0);
+    EXPECT_EQ(on_board.file("/tmp/brisel.lock"), "left alone");
+}
+
+TEST(Run, WaitsWhileAnotherProcessHoldsTheLock) {
+    const board on_board(board_setup().word(0x10090110, 0x3).file("/tmp/brisel.lock", ""));
+    const int held = open(on_board.path("/tmp/brisel.lock").c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+
+    auto run = std::async(std::launch::async, [&] { return on_board.run({sda}); });
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (!testing::Value(on_board.trace(), Contains("open /tmp/brisel.lock rw"))) {
+        ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_EQ(run.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    EXPECT_THAT(on_board.trace(), testing::Not(Contains(StartsWith("lock "))));
+    EXPECT_THAT(on_board.accesses(), testing::IsEmpty());
+
+    ASSERT_EQ(flock(held, LOCK_UN), 0);
+    EXPECT_EQ(run.get().out, "3\n");
+    close(held);
+}
+
+TEST(Board, KeepsItsStateFromRunToRun) {
+    const board on_board;
+    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4", "99"}).status, 0);
+    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4"}).out, "99\n");
+    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4", "+1"}).status, 0);
+    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4"}).out, "100\n");
+}
+
+TEST(Board, IsNotChangedByAnotherBoard) {
+    const board first(board_setup().word(0x10090110, 0x3));
+    const board second(board_setup().word(0x10090110, 0x4));
+    EXPECT_EQ(first.run({sda, "9"}).status, 0);
+    EXPECT_EQ(first.run({sda}).out, "9\n");
+    EXPECT_EQ(second.run({sda}).out, "4\n");
+}
+
+TEST(Regulator, PercentagesCompoundFromRunToRun) {
+    const board on_board;
+    const std::string path = "/sys/class/regulator/regulator.1/microvolts";
+    const std::string cpu = "cpu_regulator::microvolts";
+    ASSERT_EQ(on_board.file(path), "1000000\n");
+    on_board.run({cpu, "95%"});
+    EXPECT_EQ(on_board.file(path), "950000");
+    on_board.run({cpu, "95%"});
+    EXPECT_EQ(on_board.file(path), "910000");
+}
+
+TEST(DqSet, EveryLaneOfEveryRegisterKeepsAWordOfItsOwn) {
+    const board on_board;
+    for (const char* set :
+         {"orlin-ddra-read0::dq", "orlin-ddra-read3::dq", "pelune-ddr-read0::dq"}) {
+        EXPECT_EQ(on_board.run({set, "{1,2,3,4,5,6,7,8}"}).status, 0);
+    }
+    EXPECT_EQ(on_board.run({"orlin-ddra-read0::dq", "{11,12,13,14,15,16,17,18}"}).status, 0);
+    EXPECT_EQ(on_board.run({"-r", "orlin-ddra-read0::dq"}).out, "{11,12,13,14,15,16,17,18}\n");
+    EXPECT_EQ(on_board.run({"-r", "orlin-ddra-read3::dq"}).out, "{1,2,3,4,5,6,7,8}\n");
+    EXPECT_EQ(on_board.run({"-r", "pelune-ddr-read0::dq"}).out, "{1,2,3,4,5,6,7,8}\n");
+}
+
+} // namespace

@@ -1,0 +1,186 @@
+#include <fstream>
+#include <sstream>
+
+#include "cli/cli_case.hpp"
+#include "cli/texts.hpp"
+
+namespace {
+
+const std::string sda = "i2c0-delay::sda-delay";
+const std::string rdqs_missing = "open /sys/kernel/debug/mmc0/rdqs failed.\n";
+
+board_setup sda_is_3() {
+    return board_setup().word(0x10090110, 0x00000003);
+}
+
+const std::vector<std::string> sda_is_read = {"read 0x10090110 0x00000003"};
+
+/** What -l prints, made of the proof-read table of properties. */
+std::string listing() {
+    std::ifstream table(PROPERTIES_TABLE);
+    std::string text, group;
+    for (std::string line; std::getline(table, line);) {
+        if (line.empty() || line.front() == '#') {
+            continue;
+        }
+        std::istringstream columns(line);
+        std::string line_group, name, kind, help;
+        std::getline(columns, line_group, '\t');
+        std::getline(columns, name, '\t');
+        std::getline(columns, kind, '\t');
+        std::getline(columns, help, '\t');
+        if (line_group != group) {
+            group = line_group;
+            text += group + " :\n";
+        }
+        text += "\t" + name + " : " + help + "\n";
+    }
+    return text;
+}
+
+} // namespace
+
+const std::vector<cli_case> driver_cases = {
+    {.name = "NoWordPrintsTheUsage", .out = usage, .status = 254},
+    {.name = "HelpPrintsTheUsage", .args = {"-h"}, .out = usage, .status = 254},
+    {.name = "HelpIgnoresAnOperand", .args = {"-h", sda}, .out = usage, .status = 254},
+    {.name = "HelpIsFoundBehindAnOperand", .args = {sda, "-h"}, .out = usage, .status = 254},
+    {.name = "HelpIsFoundInsideAWord", .args = {"-hl"}, .out = usage, .status = 254},
+    {.name = "InteractiveModeIsNotSupported",
+     .args = {"-i"},
+     .out = "Not supported yet.\n",
+     .status = 253},
+
+    {.name = "ListShowsEveryGroupAndPropertyAndReadsNothing", .args = {"-l"}, .out = listing()},
+    {.name = "ListIgnoresTheHexadecimalOption", .args = {"-l", "-x"}, .out = listing()},
+    {.name = "ListIgnoresOperands", .args = {"-l", sda, "5"}, .out = listing()},
+    {.name = "ListIsFoundInsideAWord", .args = {"-lx"}, .out = listing()},
+
+    {.name = "HexadecimalAloneShowsOptindAndTheUsage", .args = {"-x"}, .out = "..2\n" + usage},
+    {.name = "HexadecimalThenListLooksTheSecondWordUp", .args = {"-x", "-l"}, .err = unknown},
+    {.name = "HexadecimalBehindTheNameFindsNoOperand", .args = {sda, "-x"}, .out = "..3\n" + usage},
+    {.name = "HexadecimalBetweenNameAndValueTakesTheValueAsName",
+     .args = {sda, "-x", "5"},
+     .err = unknown},
+    {.name = "HexadecimalInsideAWordLooksThatWordUp", .args = {"-xl"}, .err = unknown},
+    {.name = "HexadecimalShowsHexadecimal",
+     .args = {"-x", "i2c0-delay::scl-delay"},
+     .board = board_setup().word(0x10090110, 0x000000c3),
+     .out = "0xc\n",
+     .err = got("i2c0-delay::scl-delay", "0xc"),
+     .accesses = {"read 0x10090110 0x000000c3"}},
+
+    {.name = "UnknownOptionIsTakenAsTheName", .args = {"-z"}, .err = unknown},
+    {.name = "UnknownOptionWithAValueIsTakenAsTheName", .args = {"-z", "5"}, .err = unknown},
+    {.name = "LongOptionIsTakenAsTheName", .args = {"--help"}, .err = unknown},
+    {.name = "TwoHyphensAreTakenAsTheName", .args = {"--", sda}, .err = unknown},
+    {.name = "TwoHyphensBehindTheNameMoveInFrontOfIt", .args = {sda, "--"}, .err = unknown},
+    {.name = "TwoHyphensBehindHexadecimalAreTakenAsTheName",
+     .args = {"-x", "--", sda},
+     .err = unknown},
+    {.name = "NegativeNumberBehindTheNameIsTheValue",
+     .args = {sda, "-1"},
+     .board = sda_is_3(),
+     .err = set_done(sda, "-1"),
+     .accesses = {"read 0x10090110 0x00000003", "write 0x10090110 0x00000002",
+                  "read 0x10090110 0x00000002"}},
+
+    {.name = "RawReadPrintsTheValueAlone",
+     .args = {"-r", sda},
+     .board = sda_is_3(),
+     .out = "3\n",
+     .accesses = sda_is_read},
+    {.name = "RawReadTakesTheNameInTheSameWord",
+     .args = {"-r" + sda},
+     .board = sda_is_3(),
+     .out = "3\n",
+     .accesses = sda_is_read},
+    {.name = "RawReadIgnoresHexadecimal",
+     .args = {"-r", "i2c0-delay::scl-delay", "-x"},
+     .board = board_setup().word(0x10090110, 0x000000c3),
+     .out = "12\n",
+     .accesses = {"read 0x10090110 0x000000c3"}},
+    {.name = "RawReadIgnoresAValue",
+     .args = {"-r", sda, "5"},
+     .board = sda_is_3(),
+     .out = "3\n",
+     .accesses = sda_is_read},
+    {.name = "RawReadOfAnUnknownNameEndsWithZero", .args = {"-r", "no::such"}, .err = unknown},
+    {.name = "RawReadThatFailsSaysThatThereIsNoSuchProperty",
+     .args = {"-r", "orlin-ddra::odt"},
+     .board = board_setup().word(0x18428120, 0x00000003),
+     .err = unknown,
+     .accesses = {"read 0x18428120 0x00000003"}},
+    {.name = "RawReadWithoutItsArgumentIsTakenAsTheName", .args = {"-r"}, .err = unknown},
+
+    {.name = "ReadPrintsTheValueAndAStatusLine",
+     .args = {sda},
+     .board = sda_is_3(),
+     .out = "3\n",
+     .err = got(sda, "3"),
+     .accesses = sda_is_read},
+    {.name = "ReadOfAnUnknownNameEndsWithZero", .args = {"no::such"}, .err = unknown},
+    {.name = "ReadOfAnEmptyNameEndsWithZero", .args = {""}, .err = unknown},
+    {.name = "NamesMustMatchExactly", .args = {"i2c0-delay::sda"}, .err = unknown},
+    {.name = "RegisterNameAloneIsNoProperty", .args = {"orlin-ddra"}, .err = unknown},
+    {.name = "FailedReadPrintsAnEmptyLine",
+     .args = {"orlin-ddra::odt"},
+     .board = board_setup().word(0x18428120, 0x00000003),
+     .out = "\n",
+     .err = get_failed("orlin-ddra::odt"),
+     .status = 246,
+     .accesses = {"read 0x18428120 0x00000003"}},
+
+    {.name = "WritePrintsAStatusLineAlone",
+     .args = {sda, "9"},
+     .board = sda_is_3(),
+     .err = set_done(sda, "9"),
+     .accesses = {"read 0x10090110 0x00000003", "write 0x10090110 0x00000009",
+                  "read 0x10090110 0x00000009"}},
+    {.name = "WriteIgnoresFurtherWords",
+     .args = {sda, "9", "10"},
+     .board = sda_is_3(),
+     .err = set_done(sda, "9"),
+     .accesses = {"read 0x10090110 0x00000003", "write 0x10090110 0x00000009",
+                  "read 0x10090110 0x00000009"}},
+    {.name = "RefusedWriteTouchesNoHardware",
+     .args = {sda, "16"},
+     .err = set_failed(sda, "16"),
+     .status = 245},
+    {.name = "WriteOfAnUnknownNameEndsWithZero", .args = {"no::such", "5"}, .err = unknown},
+
+    {.name = "LockFileThatCannotBeOpened",
+     .args = {sda},
+     .board = board_setup().fault("no-open /tmp/brisel.lock EACCES"),
+     .err = "Failed to open /tmp/brisel.lock\nFailed to lock!\n",
+     .status = 255},
+    {.name = "LockFileThatCannotBeOpenedStopsEvenHelp",
+     .args = {"-h"},
+     .board = board_setup().fault("no-open /tmp/brisel.lock EACCES"),
+     .err = "Failed to open /tmp/brisel.lock\nFailed to lock!\n",
+     .status = 255},
+    {.name = "LockThatCannotBeTaken",
+     .args = {sda},
+     .board = board_setup().fault("no-lock /tmp/brisel.lock"),
+     .err = "Failed to lock!\n",
+     .status = 255},
+    {.name = "MissingRdqsFileIsReportedBeforeTheLockFails",
+     .args = {sda},
+     .board = board_setup()
+                  .fault("no-open /sys/kernel/debug/mmc0/rdqs")
+                  .fault("no-open /tmp/brisel.lock EACCES"),
+     .err = rdqs_missing + "Failed to open /tmp/brisel.lock\nFailed to lock!\n",
+     .status = 255},
+    {.name = "MissingRdqsFileIsReportedBeforeTheUsage",
+     .args = {"-h"},
+     .board = board_setup().fault("no-open /sys/kernel/debug/mmc0/rdqs"),
+     .out = usage,
+     .err = rdqs_missing,
+     .status = 254},
+    {.name = "MissingRdqsFileIsReportedBeforeAStatusLine",
+     .args = {sda},
+     .board = sda_is_3().fault("no-open /sys/kernel/debug/mmc0/rdqs"),
+     .out = "3\n",
+     .err = rdqs_missing + got(sda, "3"),
+     .accesses = sda_is_read},
+};

@@ -1,0 +1,138 @@
+#include "cli/cli_case.hpp"
+#include "cli/texts.hpp"
+
+namespace {
+
+const std::string rdqs = "mmc::rdqs";
+const std::string path = "/sys/kernel/debug/mmc0/rdqs";
+
+board_setup holding(const std::string& text) {
+    return board_setup().file(path, text);
+}
+
+/** A write that takes the file from one text to another. */
+cli_case changed(const std::string& name, const std::string& value, const std::string& before,
+                 const std::string& after, const std::string& message = "") {
+    return {.name = name,
+            .args = {rdqs, value},
+            .board = holding(before),
+            .err = message + set_done(rdqs, value),
+            .files = {{path, after}}};
+}
+
+std::string limited(const std::string& current, const std::string& request,
+                    const std::string& limit) {
+    return "apply current value " + current + " to " + request + "is limited to " + limit + "\n";
+}
+
+/** A file whose value the property does not accept: it can be neither read nor written. */
+cli_case invalid(const std::string& name, std::vector<std::string> args, board_setup setup,
+                 const std::string& message) {
+    const bool write = args.size() > 1;
+    return {.name = name,
+            .args = args,
+            .board = std::move(setup),
+            .out = write ? "" : "\n",
+            .err = message + (write ? set_failed(args[0], args[1]) : get_failed(args[0])),
+            .status = write ? 245 : 246};
+}
+
+std::string not_valid(const std::string& value) {
+    return "current value " + value + " is not valid, valid range = 2 ~ 255\n";
+}
+
+} // namespace
+
+const std::vector<cli_case> rdqs_cases = {
+    {.name = "RdqsIsRead",
+     .args = {rdqs},
+     .board = holding("105\n"),
+     .out = "105\n",
+     .err = got(rdqs, "105"),
+     .files = {{path, "105\n"}}},
+    {.name = "RdqsIsDecimalInHexadecimalMode",
+     .args = {"-x", rdqs},
+     .board = holding("105\n"),
+     .out = "105\n",
+     .err = got(rdqs, "105")},
+    {.name = "RdqsIsTheFirstWordOfItsFile",
+     .args = {rdqs},
+     .board = holding(" \t17 99\n"),
+     .out = "17\n",
+     .err = got(rdqs, "17")},
+    {.name = "RdqsEndsAtTheFirstOtherCharacter",
+     .args = {rdqs},
+     .board = holding("17abc\n"),
+     .out = "17\n",
+     .err = got(rdqs, "17")},
+    {.name = "RdqsOfTheLowerBoundIsValid",
+     .args = {rdqs},
+     .board = holding("2"),
+     .out = "2\n",
+     .err = got(rdqs, "2")},
+    {.name = "RdqsOfTheUpperBoundIsValid",
+     .args = {rdqs},
+     .board = holding("255"),
+     .out = "255\n",
+     .err = got(rdqs, "255")},
+
+    changed("RdqsIsWrittenWithoutANewline", "105", "40\n", "105"),
+    changed("RdqsStepsUp", "+5", "100\n", "105"),
+    changed("RdqsStepsDown", "-5", "100\n", "95"),
+    changed("RdqsStepsExactlyOntoTheUpperBound", "+155", "100\n", "255"),
+    changed("RdqsStepsExactlyOntoTheLowerBound", "-98", "100\n", "2"),
+    changed("RdqsStepAboveIsLimited", "+10", "250\n", "255", limited("250", "+10", "255")),
+    changed("RdqsStepBelowIsLimited", "-300", "250\n", "2", limited("250", "-300", "2")),
+    changed("RdqsBelowTheRangeIsLimited", "1", "40\n", "2", limited("40", "1", "2")),
+    changed("RdqsAboveTheRangeIsLimited", "300", "40\n", "255", limited("40", "300", "255")),
+    changed("RdqsWithoutANumberCountsAsZero", "abc", "40\n", "2", limited("40", "abc", "2")),
+    changed("RdqsEmptyTextCountsAsZero", "", "40\n", "2", limited("40", "", "2")),
+    changed("RdqsDoesNotKnowHexadecimal", "0x10", "40\n", "2", limited("40", "0x10", "2")),
+    changed("RdqsLonePlusIsAbsoluteAndZero", "+", "40\n", "2", limited("40", "+", "2")),
+    changed("RdqsLoneMinusIsAbsoluteAndZero", "-", "40\n", "2", limited("40", "-", "2")),
+    changed("RdqsLeadingBlankMakesItAbsolute", " +50", "40\n", "50"),
+    changed("RdqsTextBehindTheNumberIsIgnored", "50mV", "40\n", "50"),
+    changed("RdqsStepWithoutANumberIsZero", "+x", "40\n", "40"),
+    changed("RdqsMinusMinusRaisesAndMayLeaveTheRange", "--5", "253\n", "258"),
+    changed("RdqsPlusMinusLowersAndMayLeaveTheRange", "+-50", "40\n", "-10"),
+    changed("RdqsPlusMinusTheLowestNumberWraps", "+-2147483648", "40\n", "-2147483608"),
+    changed("RdqsMinusMinusTheLowestNumberWraps", "--2147483648", "40\n", "-2147483608"),
+    changed("RdqsNumberBeyondThirtyTwoBitsSaturates", "99999999999", "40\n", "255",
+            limited("40", "99999999999", "255")),
+    changed("RdqsNegativeNumberBeyondThirtyTwoBitsSaturates", " -99999999999", "40\n", "2",
+            limited("40", " -99999999999", "2")),
+    changed("RdqsStepBeyondThirtyTwoBitsSaturates", "+99999999999", "40\n", "255",
+            limited("40", "+99999999999", "255")),
+
+    {.name = "RdqsHexadecimalModeStillReadsDecimal",
+     .args = {"-x", rdqs, "10"},
+     .board = holding("40\n"),
+     .err = set_done(rdqs, "10"),
+     .files = {{path, "10"}}},
+
+    invalid("RdqsAboveItsRangeCannotBeRead", {rdqs}, holding("300\n"), not_valid("300")),
+    invalid("RdqsAboveItsRangeCannotBeWritten", {rdqs, "40"}, holding("300\n"), not_valid("300")),
+    invalid("RdqsBelowItsRangeCannotBeRead", {rdqs}, holding("1\n"), not_valid("1")),
+    invalid("RdqsEmptyFileCountsAsZero", {rdqs}, holding(""), not_valid("0")),
+    invalid("RdqsFileWithoutANumberCountsAsZero", {rdqs}, holding("garbage\n"), not_valid("0")),
+    invalid("RdqsNegativeFileIsNotValid", {rdqs, "+50"}, holding("-3\n"), not_valid("-3")),
+    invalid("RdqsFileBeyondThirtyTwoBitsSaturates", {rdqs}, holding("99999999999\n"),
+            not_valid("2147483647")),
+    invalid("RdqsMissingFileCannotBeRead", {rdqs}, board_setup().fault("no-open " + path),
+            "open " + path + " failed.\n"),
+    invalid("RdqsMissingFileCannotBeWritten", {rdqs, "40"}, board_setup().fault("no-open " + path),
+            "open " + path + " failed.\n"),
+
+    {.name = "RdqsFileThatIsNotWritableFailsTheWrite",
+     .args = {rdqs, "50"},
+     .board = holding("40\n").fault("no-write " + path),
+     .err = "open " + path + " failed.\n" + set_failed(rdqs, "50"),
+     .status = 245,
+     .files = {{path, "40\n"}}},
+    {.name = "RdqsOutOfRangeIsReportedWhateverIsDone",
+     .args = {"-h"},
+     .board = holding("300\n"),
+     .out = usage,
+     .err = not_valid("300"),
+     .status = 254},
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+/** Texts that many rows expect. */
+inline const std::string usage = "brisel [options] [<property> [value if write]]\n"
+                                 "options:\n"
+                                 "\t-h            : help\n"
+                                 "\t-i            : interactive mode\n"
+                                 "\t-l            : list all properties\n"
+                                 "\t-x            : show hex value (default decimal)\n";
+
+inline const std::string unknown = "No such property registered.\n";
+
+inline std::string got(const std::string& name, const std::string& value) {
+    return "BRISEL: get " + name + " := " + value + "\n";
+}
+
+inline std::string get_failed(const std::string& name) {
+    return "BRISEL: get " + name + "failed.\n";
+}
+
+inline std::string set_done(const std::string& name, const std::string& value) {
+    return "BRISEL: set " + name + " := " + value + "\n";
+}
+
+inline std::string set_failed(const std::string& name, const std::string& value) {
+    return "BRISEL: set " + name + " := " + value + " failed.\n";
+}
+
+inline std::string uncaught(const std::string& type, const std::string& what) {
+    return "terminate called after throwing an instance of 'std::" + type +
+           "'\n  what():  " + what + "\n";
+}

@@ -1,0 +1,38 @@
+#!/bin/sh
+# Every object is freed before the process ends, whatever it was asked to do.
+#
+#   all_freed_test.sh LAUNCHER
+set -eu
+launcher=$1
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+check() {
+    status=0
+    "$launcher" -b "$work/board" valgrind --log-file="$work/log" brisel "$@" >/dev/null 2>&1 || status=$?
+    if ! grep -q 'All heap blocks were freed -- no leaks are possible' "$work/log" ||
+        ! grep -q 'ERROR SUMMARY: 0 errors' "$work/log"; then
+        echo "brisel $*: status $status"
+        cat "$work/log"
+        exit 1
+    fi
+    echo "all freed: brisel $*"
+}
+
+check
+check -h
+check -i
+check -l
+check -x
+check -z
+check -r mmc::rdqs
+check no::such
+check orlin-ddra::odt
+check orlin-ddra::odt 60
+check orlin-ddra::odt abc
+check orlin-ddra-read0::dq
+check orlin-ddra-write3::dq +1
+check orlin-ddra-write3::dq '{1,2}'
+check cpu_regulator::microvolts 95%
+check mmc::rdqs 300
