@@ -5,6 +5,8 @@ target_compile_features(brisel_options INTERFACE cxx_std_20)
 target_compile_options(brisel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
     $<$<BOOL:${BRISEL_WERROR}>:-Werror>
+    # A release is the same to the byte in whatever folder it is built.
+    $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>
     -fstack-protector-strong)
 target_link_options(brisel_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 
@@ -12,7 +14,10 @@ target_link_options(brisel_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 add_library(brisel_instrumented INTERFACE)
 target_link_libraries(brisel_instrumented INTERFACE brisel_options)
 
-if(BRISEL_SANITIZE)
+if(BRISEL_COVERAGE)
+    target_compile_options(brisel_instrumented INTERFACE --coverage -O0 -fno-inline)
+    target_link_options(brisel_instrumented INTERFACE --coverage)
+elseif(BRISEL_SANITIZE)
     target_compile_options(brisel_instrumented INTERFACE
         -fsanitize=${BRISEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     # With the runtime inside the program, the simulated board's library can be preloaded.

@@ -1,0 +1,6 @@
+# GoogleTest for another processor: Debian has its libraries for this machine only, but its sources
+# too (package googletest). find_package(GTest) then builds them along.
+
+include(FetchContent)
+set(INSTALL_GTEST OFF)
+FetchContent_Declare(GTest SOURCE_DIR /usr/src/googletest SYSTEM OVERRIDE_FIND_PACKAGE)
