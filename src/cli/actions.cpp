@@ -58,9 +58,13 @@ exit_status read(const std::string& name) {
     std::string value;
     const bool done = found->get(value);
     print_line(value);
-    // No blank before "failed.": the line has always looked so, and scripts match it.
-    report_status("get " + name + (done ? " := " + value : "failed."));
-    return done ? exit_status::success : exit_status::read_failed;
+    if (!done) {
+        // No blank before "failed.": the line has always looked so, and scripts match it.
+        report_status("get " + name + "failed.");
+        return exit_status::read_failed;
+    }
+    report_status("get " + name + " := " + value);
+    return exit_status::success;
 }
 
 exit_status write(const std::string& name, const std::string& value) {

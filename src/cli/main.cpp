@@ -1,4 +1,5 @@
 #include <iostream>
+#include <string>
 
 #include <unistd.h>
 
@@ -18,8 +19,11 @@ exit_status access_operand(int argc, char* argv[]) {
         print_usage();
         return exit_status::success;
     }
-    const char* name = argv[optind];
-    return optind < argc - 1 ? write(name, argv[optind + 1]) : read(name);
+    const std::string name = argv[optind];
+    if (optind < argc - 1) {
+        return write(name, argv[optind + 1]);
+    }
+    return read(name);
 }
 
 /** Acts on the first option; every other word is an operand, whatever it looks like. */

@@ -1,6 +1,5 @@
 #include "property/property_group.hpp"
 
-#include <new>
 #include <utility>
 
 property_group::property_group(std::string group_name) : name(std::move(group_name)) {}
@@ -21,7 +20,7 @@ property_group* property_group::register_property_group(const std::string& name)
 property_group* property_group::get_property_group(const std::string& name) {
     try {
         return property_groups[name];
-    } catch (const std::bad_alloc&) {
+    } catch (...) {
         return nullptr;
     }
 }

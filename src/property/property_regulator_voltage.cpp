@@ -89,7 +89,7 @@ bool property_regulator_voltage::load_limits() {
 
 bool property_regulator_voltage::read_voltage(std::uint32_t& microvolts) {
     std::int32_t number = 0;
-    if (!_fileintread(m_path + microvolts_file, number) || number < 0) {
+    if (!read_number(microvolts_file, number) || number < 0) {
         return false;
     }
     microvolts = static_cast<std::uint32_t>(number);
@@ -98,11 +98,15 @@ bool property_regulator_voltage::read_voltage(std::uint32_t& microvolts) {
 
 bool property_regulator_voltage::read_limit(const char* file, std::uint32_t& microvolts) {
     std::int32_t number = 0;
-    if (!_fileintread(m_path + file, number)) {
+    if (!read_number(file, number)) {
         return false;
     }
     microvolts = static_cast<std::uint32_t>(number);
     return true;
+}
+
+bool property_regulator_voltage::read_number(const char* file, std::int32_t& number) {
+    return _fileintread(m_path + file, number);
 }
 
 bool property_regulator_voltage::_fileintread(const std::string& path, std::int32_t& value) {

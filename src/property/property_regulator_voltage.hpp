@@ -56,6 +56,8 @@ private:
     bool read_voltage(std::uint32_t& microvolts);
     /** A limit; a negative number is kept as the unsigned number of the same bits. */
     bool read_limit(const char* file, std::uint32_t& microvolts);
+    /** The number in a file of the regulator's directory; false when it cannot be opened. */
+    bool read_number(const char* file, std::int32_t& number);
 
     /** Reads the first word of a file as a signed 32-bit number; false when it cannot be opened. */
     static bool _fileintread(const std::string& path, std::int32_t& value);

@@ -23,14 +23,21 @@ std::vector<std::string> split(const std::string& braced) {
     return pieces;
 }
 
+/** One value per member from a braced text; any other text goes to all `count` members. */
+std::vector<std::string> member_values(const std::string& text, std::size_t count) {
+    if (is_braced(text)) {
+        return split(text);
+    }
+    return std::vector<std::string>(count, text);
+}
+
 } // namespace
 
 property_set::property_set(std::string property_name, std::vector<std::string> members)
     : property(std::move(property_name)), m_members(std::move(members)) {}
 
 bool property_set::set(const std::string& value) {
-    const std::vector<std::string> values =
-        is_braced(value) ? split(value) : std::vector<std::string>(m_members.size(), value);
+    const std::vector<std::string> values = member_values(value, m_members.size());
     if (values.size() != m_members.size()) {
         std::cerr << std::to_string(values.size()) + " != " + std::to_string(m_members.size()) +
                          "\n"

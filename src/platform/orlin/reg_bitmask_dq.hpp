@@ -25,8 +25,10 @@ public:
 
     /**
      * Moves the delay, not the raw value, by a step; it may cross zero in either direction.
-     * A positive delay is clamped at the top with the warning of `clamp`; a negative delay that
-     * passes the bottom becomes the largest positive one, without a warning.
+     * At the ends: a positive delay moved above the top is clamped with the warning of `clamp`; a
+     * negative one moved below the bottom becomes the largest positive one, without a warning; one
+     * that crosses zero and passes the other end runs on into the sign bit, and is clamped with
+     * the warning beyond 127.
      */
     bool adjust(reg_info* reg, long long delta) override;
 
