@@ -10,6 +10,7 @@
 #include "platform/catalogue.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
+#include "property/property_name.hpp"
 #include "property/property_register.hpp"
 #include "property/property_set.hpp"
 
@@ -47,16 +48,19 @@ void register_all(const char* group_name, std::initializer_list<property*> prope
 }
 
 /** One set per register: prefix + register + "::" + suffix, over its lanes in their order. */
-void register_property_sets(const std::string& group_name, const std::string& prefix,
-                            texts registers, const std::string& suffix, texts lanes) {
+void register_property_sets(const char* group_name, const std::string& prefix, texts registers,
+                            const std::string& suffix, texts lanes) {
+    property_group* group = property_group::register_property_group(group_name);
     for (const char* reg : registers) {
-        const std::string stem = prefix + reg + "::";
+        const std::string register_name = prefix + reg;
         std::vector<std::string> members;
+        members.reserve(lanes.size());
         for (const char* lane : lanes) {
-            members.push_back(stem + lane);
+            members.push_back(property_name(register_name, lane));
         }
-        auto set = std::make_unique<property_set>(stem + suffix, std::move(members));
-        if (property::register_property(group_name, set.get()) != nullptr) {
+        auto set = std::make_unique<property_set>(property_name(register_name, suffix),
+                                                  std::move(members));
+        if (property::register_property(group, set.get()) != nullptr) {
             static_cast<void>(set.release()); // the registry owns it now
         }
     }

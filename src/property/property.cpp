@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "property/property_group.hpp"
+#include "property/registration.hpp"
 
 property::property(std::string property_name) : name(std::move(property_name)) {}
 
@@ -22,14 +23,7 @@ property* property::get_property(const std::string& name) {
 }
 
 property* property::register_property(property_group* group, property* p) {
-    if (get_property(p->name) != nullptr) {
-        return nullptr;
-    }
-    // The group first, which owns nothing: should memory run out at either step, the property is
-    // still its caller's alone.
-    group->add_property(p);
-    properties[p->name] = p;
-    return p;
+    return registration(group).add(p);
 }
 
 property* property::register_property(const std::string& group_name, property* p) {

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "property/property_name.hpp"
+#include "property/registration.hpp"
 #include "reg/reg_info.hpp"
 #include "reg/reg_subval.hpp"
 
@@ -41,10 +43,11 @@ property_register::property_register(std::string property_name, reg_info* reg, r
     : property(std::move(property_name)), m_reg(reg), m_subval(subval) {}
 
 void property_register::register_as_property(property_group* group, reg_info* reg) {
+    registration fields(group);
     for (const auto& [field_name, field] : reg->m_subvals) {
         std::unique_ptr<property_register> p(
-            new property_register(reg->m_name + "::" + field_name, reg, field));
-        if (register_property(group, p.get()) == nullptr) {
+            new property_register(property_name(reg->m_name, field_name), reg, field));
+        if (fields.add(p.get()) == nullptr) {
             std::cerr << "property " + p->name + " is already registered.\n" << std::flush;
             continue;
         }

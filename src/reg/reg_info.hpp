@@ -77,7 +77,8 @@ reg_info::reg_info(std::string name, unsigned int address, std::initializer_list
                    bool garbage)
     : m_name(std::move(name)), m_addr(address), m_loaded(false) {
     for (T* field : fields) {
-        m_subvals.insert_or_assign(field->get_name(), field);
+        // Lists mostly ascend: at the end is where the field belongs.
+        m_subvals.emplace_hint(m_subvals.end(), field->get_name(), field)->second = field;
     }
     if (garbage) {
         add_garbage();

@@ -11,10 +11,11 @@ reg_info_orlin_dq::reg_info_orlin_dq(std::string name, unsigned int sel_value,
                                      std::initializer_list<reg_bitmask_dq*> fields)
     : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr, fields) {
     m_loaded = true; // the read path of the single word never runs for this kind
+    // Fields built one after the other mostly lie so in memory, too: they belong at the end.
     for (reg_bitmask_dq* field : fields) {
-        m_dq_values[field] = 0;
-        m_dq_loaded[field] = false;
-        m_dq_dirty[field] = false;
+        m_dq_values.emplace_hint(m_dq_values.end(), field, 0);
+        m_dq_loaded.emplace_hint(m_dq_loaded.end(), field, false);
+        m_dq_dirty.emplace_hint(m_dq_dirty.end(), field, false);
     }
 }
 
