@@ -1,0 +1,79 @@
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <new>
+
+#include <gtest/gtest.h>
+
+// This program is linked with the operators of cli/memory.cpp, and runs on them as a whole.
+
+namespace {
+
+/** Keeps the compiler from leaving out an allocation that nothing seems to need. */
+void* block_of(std::size_t size) {
+    void* volatile block = ::operator new(size);
+    return block;
+}
+
+TEST(Memory, BlocksAreAlignedForEveryType) {
+    for (std::size_t size = 0; size < 100; ++size) {
+        void* block = block_of(size);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % alignof(std::max_align_t), 0U);
+    }
+}
+
+TEST(Memory, BlocksDoNotOverlap) {
+    auto* first = static_cast<unsigned char*>(block_of(33));
+    auto* second = static_cast<unsigned char*>(block_of(33));
+    std::memset(first, 1, 33);
+    std::memset(second, 2, 33);
+    EXPECT_EQ(first[32], 1);
+    EXPECT_EQ(second[32], 2);
+}
+
+TEST(Memory, LastBlockIsUsedAgain) {
+    void* block = block_of(40);
+    ::operator delete(block, std::size_t{40});
+    EXPECT_EQ(block_of(48), block);
+}
+
+TEST(Memory, EarlierBlockIsLeftAlone) {
+    void* first = block_of(40);
+    void* second = block_of(40);
+    ::operator delete(first, std::size_t{40});
+    EXPECT_NE(block_of(40), first);
+    ::operator delete(second, std::size_t{40});
+}
+
+TEST(Memory, BlockOfUnknownSizeIsLeftAlone) {
+    void* block = block_of(40);
+    ::operator delete(block);
+    EXPECT_NE(block_of(40), block);
+}
+
+TEST(Memory, NullIsNoBlock) {
+    void* nothing = nullptr;
+    ::operator delete(nothing);
+    ::operator delete(nothing, std::size_t{8});
+    EXPECT_NE(block_of(8), nullptr);
+}
+
+TEST(Memory, GrowsChunkByChunk) {
+    for (int i = 0; i < 100; ++i) {
+        std::memset(block_of(100000), 0x55, 100000);
+    }
+}
+
+TEST(Memory, BlockMayBeLargerThanAChunk) {
+    constexpr std::size_t size = std::size_t{3} << 20;
+    std::memset(block_of(size), 0x55, size);
+}
+
+TEST(Memory, MoreThanThereIsRaisesBadAlloc) {
+    EXPECT_THROW(block_of(std::numeric_limits<std::size_t>::max()), std::bad_alloc);
+    EXPECT_THROW(block_of(std::numeric_limits<std::size_t>::max() / 2), std::bad_alloc);
+    EXPECT_NE(block_of(8), nullptr); // and what is there stays usable
+}
+
+} // namespace
