@@ -75,6 +75,17 @@ std::optional<int> fault_list::lock_error(std::string_view path) const {
     return error_for(m_no_lock, path);
 }
 
+std::optional<int> fault_list::call_error(failing_call call, std::uint32_t number) const noexcept {
+    std::optional<int> error;
+    for (const call_fault& fault : m_calls) {
+        const bool concerned = fault.and_all_later ? number >= fault.first : number == fault.first;
+        if (fault.call == call && concerned) {
+            error = fault.error;
+        }
+    }
+    return error;
+}
+
 std::optional<std::string> fault_list::content(std::string_view path) const {
     std::optional<std::string> text;
     for (const content_fault& fault : m_content) {

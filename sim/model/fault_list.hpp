@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/failing_call.hpp"
 #include "model/register_table.hpp"
 
 #include <cstdint>
@@ -16,16 +17,17 @@ namespace sim {
  *
  *     stuck     ADDRESS[/SELECTOR] MASK    the bits of MASK do not take a write
  *     reads-as  ADDRESS[/SELECTOR] WORD    reads give WORD, whatever was written
- *     no-open   PATH [ERROR]               the path, or anything below it, cannot be opened
- * (ENOENT) no-write  PATH [ERROR]               it cannot be opened for writing (EACCES) no-map
- * ADDRESS [ERROR]            the page with this address cannot be mapped (EPERM) no-lock   PATH
- * [ERROR]               the file cannot be locked (ENOLCK) content   PATH [TEXT] reads of the file
- * give TEXT, or nothing at all
+ *     no-open   PATH [ERROR]               neither the path nor what lies below opens (ENOENT)
+ *     no-write  PATH [ERROR]               it cannot be opened for writing (EACCES)
+ *     no-map    ADDRESS [ERROR]            the page with this address cannot be mapped (EPERM)
+ *     no-lock   PATH [ERROR]               the file cannot be locked (ENOLCK)
+ *     content   PATH [TEXT]                reads of the file give TEXT, or nothing at all
+ *     fail      CALL N[+] [ERROR]          call number N of a process fails, with "+" all from it
  *
- * ERROR is the name of an errno value; the one in brackets is taken when it is left out. Without a
- * selector a fault of a banked register concerns all its banks. Where several faults concern the
- * same place, the last one counts, except that stuck bits add up. The board's own text is never
- * changed by a fault.
+ * ERROR is the name of an errno value; the one in brackets is taken when it is left out, or that of
+ * `default_error`. Without a selector a fault of a banked register concerns all its banks. Where
+ * several faults concern the same place, the last one counts, except that stuck bits add up. The
+ * board's own text is never changed by a fault.
  */
 class fault_list {
 public:
@@ -57,6 +59,12 @@ public:
     /** The errno value with which locking fails; empty when it does not. */
     std::optional<int> lock_error(std::string_view path) const;
 
+    /**
+     * The errno value with which this call fails; empty when it does not. `number` counts the
+     * calls of its kind from 1. Allocates nothing.
+     */
+    std::optional<int> call_error(failing_call call, std::uint32_t number) const noexcept;
+
     /** What a reader of the file gets in place of its content; empty when it gets the content. */
     std::optional<std::string> content(std::string_view path) const;
 
@@ -76,6 +84,12 @@ private:
         std::uint32_t page;
         int error;
     };
+    struct call_fault {
+        failing_call call;
+        std::uint32_t first;
+        bool and_all_later;
+        int error;
+    };
     struct content_fault {
         std::string path;
         std::string text;
@@ -88,6 +102,7 @@ private:
     std::vector<path_fault> m_no_lock;
     std::vector<page_fault> m_no_map;
     std::vector<content_fault> m_content;
+    std::vector<call_fault> m_calls;
 };
 
 } // namespace sim

@@ -2,6 +2,7 @@
 #include "model/ddr_phy.hpp"
 #include "model/device_layout.hpp"
 #include "model/errno_names.hpp"
+#include "model/failing_call.hpp"
 #include "model/fault_list.hpp"
 #include "model/text.hpp"
 
@@ -33,6 +34,22 @@ public:
     page_fault page_error(int usual_error) {
         const std::uint32_t address = number(take_word(m_rest), "address");
         return {page_of(address), errno_or(usual_error)};
+    }
+
+    call_fault counted_call() {
+        const std::string_view name = take_word(m_rest);
+        const std::optional<failing_call> call = find_failing_call(name);
+        if (!call) {
+            refuse(quoted(name) + " is no call that can fail");
+        }
+        std::string_view which = take_word(m_rest);
+        const bool and_all_later = which.ends_with('+');
+        which.remove_suffix(and_all_later ? 1 : 0);
+        const std::uint32_t first = number(which, "number");
+        if (first == 0) {
+            refuse("calls are counted from 1");
+        }
+        return {*call, first, and_all_later, errno_or(default_error(*call))};
     }
 
     content_fault file_content() {
@@ -124,6 +141,8 @@ void fault_list::add(std::string_view line, const std::string& where) {
         m_no_lock.push_back(parser.path_error(ENOLCK));
     } else if (kind == "content") {
         m_content.push_back(parser.file_content());
+    } else if (kind == "fail") {
+        m_calls.push_back(parser.counted_call());
     } else {
         parser.refuse(quoted(kind) + " is no kind of fault");
     }

@@ -1,6 +1,7 @@
 #include "preload/board_files.hpp"
 
 #include "model/board_paths.hpp"
+#include "preload/board_work.hpp"
 #include "preload/device_node.hpp"
 #include "preload/next_call.hpp"
 
@@ -70,12 +71,17 @@ std::string_view access_of(int flags) {
 } // namespace
 
 int open_on_board(board_session& board, const std::string& path, int flags, mode_t mode) {
+    const board_work work;
+    const std::string event = std::string("open ").append(path).append(access_of(flags));
+    if (board.next_call_fails(failing_call::open, event)) {
+        return -1;
+    }
     int descriptor = open_kept(board, path, flags, mode);
     if (descriptor >= 0 && !board.files().remember(descriptor, path)) {
         close(descriptor);
         descriptor = fail_with(EMFILE);
     }
-    return traced(board, std::string("open ").append(path).append(access_of(flags)), descriptor);
+    return traced(board, event, descriptor);
 }
 
 int flags_of_mode(const char* mode) {
@@ -90,16 +96,28 @@ int flags_of_mode(const char* mode) {
     return text.find('e') == std::string_view::npos ? flags : flags | O_CLOEXEC;
 }
 
-int lock_on_board(const board_session& board, int descriptor, int operation) {
+int lock_on_board(board_session& board, int descriptor, int operation) {
+    const board_work work;
     static auto* const real = next_call<decltype(::flock)>("flock");
     const std::string path = *board.files().path_of(descriptor);
     const bool unlock = (operation & LOCK_UN) != 0;
+    const std::string event = (unlock ? "unlock " : "lock ") + path;
+    if (board.next_call_fails(failing_call::flock, event)) {
+        return -1;
+    }
     const std::optional<int> error = board.faults().lock_error(path);
     const int result = error && !unlock ? fail_with(*error) : real(descriptor, operation);
-    return traced(board, (unlock ? "unlock " : "lock ") + path, result);
+    return traced(board, event, result);
+}
+
+bool transfer_fails(board_session& board, failing_call call, int descriptor) {
+    const board_work work;
+    const std::string verb = call == failing_call::read ? "read " : "write ";
+    return board.next_call_fails(call, verb + *board.files().path_of(descriptor));
 }
 
 void trace_close(const board_session& board, const std::string& path) {
+    const board_work work;
     traced(board, "close " + path, 0);
 }
 

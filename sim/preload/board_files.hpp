@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/failing_call.hpp"
 #include "preload/board_session.hpp"
 
 #include <string>
@@ -17,7 +18,12 @@ int open_on_board(board_session& board, const std::string& path, int flags, mode
 int flags_of_mode(const char* mode);
 
 /** flock(2) on an open file of the board. */
-int lock_on_board(const board_session& board, int descriptor, int operation);
+int lock_on_board(board_session& board, int descriptor, int operation);
+
+/**
+ * Whether read(2) or write(2) on an open file of the board is to fail instead; errno is then set.
+ */
+bool transfer_fails(board_session& board, failing_call call, int descriptor);
 
 /** To be called with what board_session::files forgot, after the descriptor was closed. */
 void trace_close(const board_session& board, const std::string& path);

@@ -1,9 +1,11 @@
 #include "preload/board_session.hpp"
 
 #include "model/text.hpp"
+#include "preload/emulated_program.hpp"
 #include "preload/report.hpp"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -39,6 +41,9 @@ std::ifstream open_text(const std::string& file) {
     try {
         session = new board_session(folder, setting("BRISEL_BOARD_TRACE"),
                                     setting("BRISEL_BOARD_FAULTS"));
+        if (!setting("BRISEL_BOARD_EMULATOR").empty()) {
+            serve_emulated_program();
+        }
     } catch (const std::exception& error) {
         refuse(error.what());
     }
@@ -82,10 +87,22 @@ void board_session::save_model() const {
     }
 }
 
+bool board_session::next_call_fails(failing_call call, std::string_view event) noexcept {
+    const std::uint32_t number = ++m_calls[static_cast<std::size_t>(call)];
+    const std::optional<int> error = m_faults.call_error(call, number);
+    if (!error) {
+        return false;
+    }
+    m_trace.line(std::string(event).append(" failed: ").append(std::strerror(*error)));
+    errno = *error;
+    return true;
+}
+
 void board_session::violation(const std::string& message) const noexcept {
     const std::string text = "violation " + message;
     m_trace.line(text);
     say(text);
+    std::signal(SIGABRT, SIG_DFL); // an emulator would take it for its program's
     std::abort();
 }
 

@@ -1,10 +1,14 @@
 #pragma once
 
 #include "model/board_model.hpp"
+#include "model/failing_call.hpp"
 #include "model/fault_list.hpp"
 #include "preload/open_files.hpp"
 #include "preload/trace_log.hpp"
 
+#include <array>
+#include <atomic>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +40,12 @@ public:
     board_model& model() { return *m_model; }
 
     /**
+     * Counts a call that the program makes. True if a fault has this one fail: errno is then set,
+     * and the trace says that `event` failed.
+     */
+    bool next_call_fails(failing_call call, std::string_view event) noexcept;
+
+    /**
      * Ends the process: it used the board as no program should. Says so on standard error, and as
      * the last line of the trace, which then begins with "violation".
      */
@@ -55,6 +65,7 @@ private:
     fault_list m_faults;
     open_files m_files;
     std::optional<board_model> m_model;
+    std::array<std::atomic<std::uint32_t>, failing_calls> m_calls{}; ///< made so far
 };
 
 /**

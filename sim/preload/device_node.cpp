@@ -1,6 +1,7 @@
 #include "preload/device_node.hpp"
 
 #include "model/text.hpp"
+#include "preload/board_work.hpp"
 #include "preload/device_page.hpp"
 #include "preload/report.hpp"
 
@@ -47,22 +48,27 @@ int open_device_node(board_session& board, int flags) {
 }
 
 void* map_device_node(board_session& board, const map_request& request) {
+    const board_work work;
     check_request(board, request);
     const auto page = static_cast<std::uint32_t>(request.offset);
     const std::string event = "map " + hex_text(page);
+    if (board.next_call_fails(failing_call::mmap, event)) {
+        return MAP_FAILED;
+    }
     void* start = MAP_FAILED;
     if (page != request.offset || page != page_of(page)) {
         errno = EINVAL;
     } else if (const std::optional<int> error = board.faults().map_error(page)) {
         errno = *error;
     } else {
-        start = map_device_page(page, content_of(board.model(), page));
+        start = map_device_page(page, content_of(board.model(), page), request.place);
     }
     board.trace().line(start == MAP_FAILED ? event + " failed: " + std::strerror(errno) : event);
     return start;
 }
 
 void unmap_device_node(board_session& board, std::size_t length) {
+    const board_work work;
     const page_use use = unmap_device_page();
     if (!use.violation.empty()) {
         board.violation(use.violation);

@@ -14,6 +14,7 @@ struct map_request {
     int protection;
     int flags;
     std::uint64_t offset; ///< the physical address
+    void* place;          ///< with MAP_FIXED where the mapping has to lie, else null
 };
 
 /**

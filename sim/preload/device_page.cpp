@@ -134,10 +134,10 @@ std::string find_violation() {
 
 } // namespace
 
-void* map_device_page(std::uint32_t page, const page_content& content) {
+void* map_device_page(std::uint32_t page, const page_content& content, void* place) {
     static auto* const real = next_call<decltype(::mmap)>("mmap");
-    void* const start =
-        real(nullptr, page_bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    const int flags = MAP_PRIVATE | MAP_ANONYMOUS | (place == nullptr ? 0 : MAP_FIXED);
+    void* const start = real(place, page_bytes, PROT_READ | PROT_WRITE, flags, -1, 0);
     if (start == MAP_FAILED) {
         return start;
     }

@@ -33,8 +33,10 @@ struct page_use {
  *
  * SIGSEGV and SIGTRAP are taken over while a page is mapped; what is not about the page goes on to
  * the handlers that were there before.
+ *
+ * `place` is where the page has to lie, or null where it may lie anywhere.
  */
-void* map_device_page(std::uint32_t page, const page_content& content);
+void* map_device_page(std::uint32_t page, const page_content& content, void* place);
 
 /** True for the address of the page that is mapped now. */
 bool is_device_page(const void* address);

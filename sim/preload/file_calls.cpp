@@ -4,18 +4,22 @@
 #undef _FORTIFY_SOURCE // with it the headers define some of these functions themselves
 
 #include "model/board_paths.hpp"
+#include "model/failing_call.hpp"
 #include "preload/board_files.hpp"
 #include "preload/next_call.hpp"
 
+#include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 namespace {
 
 using sim::board_session;
+using sim::failing_call;
 using sim::next_call;
 
 /** The board, if the path is the board's. */
@@ -57,7 +61,18 @@ FILE* open_stream(fopen_call* real, const char* path, const char* mode) {
         return real(path, mode);
     }
     const int descriptor = sim::open_on_board(*board, path, sim::flags_of_mode(mode), 0666);
-    return descriptor < 0 ? nullptr : fdopen(descriptor, mode);
+    FILE* const stream = descriptor < 0 ? nullptr : fdopen(descriptor, mode);
+    if (stream == nullptr && descriptor >= 0) { // no memory for a stream
+        close(descriptor);
+        errno = ENOMEM;
+    }
+    return stream;
+}
+
+/** Whether a transfer by this call is to fail. */
+bool fails(failing_call call, int descriptor) {
+    board_session* const board = board_of(descriptor);
+    return board != nullptr && sim::transfer_fails(*board, call, descriptor);
 }
 
 /** Closes by way of `real`, which is given the board's descriptor or something that holds it. */
@@ -142,9 +157,24 @@ BOARD_CALL int fclose(FILE* stream) {
     return close_file(fileno(stream), [&] { return real(stream); });
 }
 
+BOARD_CALL ssize_t read(int descriptor, void* buffer, size_t size) {
+    static auto* const real = next_call<ssize_t(int, void*, size_t)>("read");
+    return fails(failing_call::read, descriptor) ? -1 : real(descriptor, buffer, size);
+}
+
+BOARD_CALL ssize_t write(int descriptor, const void* buffer, size_t size) {
+    static auto* const real = next_call<ssize_t(int, const void*, size_t)>("write");
+    return fails(failing_call::write, descriptor) ? -1 : real(descriptor, buffer, size);
+}
+
+BOARD_CALL ssize_t writev(int descriptor, const iovec* parts, int count) {
+    static auto* const real = next_call<ssize_t(int, const iovec*, int)>("writev");
+    return fails(failing_call::write, descriptor) ? -1 : real(descriptor, parts, count);
+}
+
 BOARD_CALL int flock(int descriptor, int operation) noexcept {
     static auto* const real = next_call<int(int, int)>("flock");
-    const board_session* const board = board_of(descriptor);
+    board_session* const board = board_of(descriptor);
     return board == nullptr ? real(descriptor, operation)
                             : sim::lock_on_board(*board, descriptor, operation);
 }

@@ -12,15 +12,22 @@
 /** Writes a NUL-terminated text to standard output; a null pointer sets the stream's bad bit. */
 void print(const char* text);
 
+/** Writes the six lines of the usage text. */
 void print_usage();
 
 /** Lists every group and its properties with their help texts. Reads no value. */
 exit_status list();
 
-/** Prints a property's value, then a status line. */
+/**
+ * Prints a property's value, then a status line.
+ * @return success, also when no property has that name (a message says so), or read_failed
+ */
 exit_status read(const std::string& name);
 
-/** Sets a property, then prints a status line. */
+/**
+ * Sets a property, then prints a status line.
+ * @return success, also when no property has that name (a message says so), or write_failed
+ */
 exit_status write(const std::string& name, const std::string& value);
 
 /** Prints a property's value and nothing else. Never fails: whatever is wrong is a message. */

@@ -1,6 +1,7 @@
 #include "cli/instance_lock.hpp"
 
 #include <iostream>
+#include <string>
 
 #include <fcntl.h>
 #include <sys/file.h>

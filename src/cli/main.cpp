@@ -6,6 +6,7 @@
 #include "cli/actions.hpp"
 #include "cli/exit_status.hpp"
 #include "cli/instance_lock.hpp"
+#include "cli/standard_streams.hpp"
 #include "platform/register_properties.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
@@ -55,6 +56,7 @@ exit_status act(int argc, char* argv[]) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    occupy_closed_standard_streams();
     if (!take_instance_lock()) {
         return static_cast<int>(exit_status::lock_failed);
     }

@@ -1,4 +1,5 @@
 #include <cstddef>
+#include <cstdint>
 #include <new>
 
 #include <sys/mman.h>
@@ -10,7 +11,8 @@
  * With the C library's allocator, taking and giving back those objects is half the cost of a run,
  * and every page of them is a page fault. Here blocks are cut from the front of a chunk that the
  * kernel has filled with pages in one call. A block that is given back is used again only if it
- * was the last one cut, as with most temporary texts. Memory that runs out raises bad_alloc.
+ * was the last one cut and the compiler tells its size, as with most temporary texts. Memory that
+ * runs out raises bad_alloc. For one thread only.
  */
 
 namespace {
@@ -24,8 +26,9 @@ constexpr std::size_t chunk_size = 64 * 1024;
 constinit std::byte* chunk_begin = nullptr;
 constinit std::byte* chunk_end = nullptr;
 
+/** The size of the block for `size` bytes: every block has an address of its own, even for 0. */
 constexpr std::size_t aligned(std::size_t size) {
-    return (size + alignment - 1) & ~(alignment - 1);
+    return size == 0 ? alignment : (size + alignment - 1) & ~(alignment - 1);
 }
 
 std::byte* cut(std::size_t block_size) {
@@ -61,7 +64,9 @@ void* operator new(std::size_t size) {
 void operator delete(void*) noexcept {}
 
 void operator delete(void* block, std::size_t size) noexcept {
-    if (static_cast<std::byte*>(block) + aligned(size) == chunk_begin) {
+    // By number, since null is deleted, too, and is in no chunk.
+    const auto end = reinterpret_cast<std::uintptr_t>(block) + aligned(size);
+    if (end == reinterpret_cast<std::uintptr_t>(chunk_begin)) {
         chunk_begin = static_cast<std::byte*>(block);
     }
 }

@@ -1,8 +1,5 @@
 #include "platform/catalogue.hpp"
 
-#include <map>
-#include <string>
-
 #include "platform/orlin/reg_bitmask_dq.hpp"
 #include "platform/orlin/reg_info_orlin_ddr.hpp"
 #include "platform/orlin/reg_info_orlin_dq.hpp"
@@ -90,7 +87,8 @@ field_list<reg_bitmask_map> ddr_io_fields = {
     new reg_bitmask_map( 3,  0, "odt",    "on-die termination", &orlin::_odt_map),
 };
 
-reg_info* dq(const char* name, unsigned int selector, unsigned int phy, unsigned int data, field_list<reg_bitmask_dq>& lanes) {
+reg_info* dq(const char* name, unsigned int selector, unsigned int phy, unsigned int data,
+             field_list<reg_bitmask_dq>& lanes) {
     return new reg_info_orlin_dq(name, selector, phy + select, phy + data, lanes);
 }
 

@@ -48,9 +48,8 @@ void register_all(const char* group_name, std::initializer_list<property*> prope
 }
 
 /** One set per register: prefix + register + "::" + suffix, over its lanes in their order. */
-void register_property_sets(const char* group_name, const std::string& prefix, texts registers,
-                            const std::string& suffix, texts lanes) {
-    property_group* group = property_group::register_property_group(group_name);
+void register_property_sets(const std::string& group_name, const std::string& prefix,
+                            texts registers, const std::string& suffix, texts lanes) {
     for (const char* reg : registers) {
         const std::string register_name = prefix + reg;
         std::vector<std::string> members;
@@ -60,7 +59,7 @@ void register_property_sets(const char* group_name, const std::string& prefix, t
         }
         auto set = std::make_unique<property_set>(property_name(register_name, suffix),
                                                   std::move(members));
-        if (property::register_property(group, set.get()) != nullptr) {
+        if (property::register_property(group_name, set.get()) != nullptr) {
             static_cast<void>(set.release()); // the registry owns it now
         }
     }

@@ -1,9 +1,10 @@
 #include "property/property_file.hpp"
 
-#include <fstream>
+#include <optional>
 #include <sstream>
 #include <utility>
 
+#include "property/text_file.hpp"
 #include "reg/wrapping.hpp"
 
 namespace {
@@ -49,14 +50,12 @@ bool property_file<T>::get(std::string& value) {
 template <class T>
 bool property_file<T>::read_update() {
     m_valid = false;
-    std::ifstream file(m_path);
-    if (!file.is_open()) {
+    const std::optional<std::string> word = first_word(m_path);
+    if (!word) {
         report_open_failure(m_path);
         return false;
     }
-    std::string word;
-    file >> word;
-    m_value = extract<T>(word);
+    m_value = extract<T>(*word);
     m_valid = m_min <= m_value && m_value <= m_max;
     if (!m_valid) {
         std::cerr << "current value " + std::to_string(m_value) +
@@ -72,12 +71,10 @@ bool property_file<T>::commit() {
     if (!m_valid) {
         return false;
     }
-    std::ofstream file(m_path);
-    if (!file.is_open()) {
+    if (!replace_contents(m_path, std::to_string(m_value))) {
         report_open_failure(m_path);
         return false;
     }
-    file << std::to_string(m_value);
     return true;
 }
 

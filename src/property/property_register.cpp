@@ -56,27 +56,25 @@ void property_register::register_as_property(property_group* group, reg_info* re
 }
 
 bool property_register::set(const std::string& value) {
+    if (value.empty()) {
+        return false;
+    }
+    const bool relative = value.front() == '+' || value.front() == '-';
+    // A prefix behind a sign is not looked for: in decimal mode "+0x10" is a step of 0.
+    const bool hexadecimal = hexadecimal_mode() || (!relative && has_hexadecimal_prefix(value));
+    long long number = 0;
     try {
-        if (!apply(value)) {
-            return false;
-        }
+        number = parse(value, hexadecimal);
     } catch (const std::invalid_argument&) {
         std::cerr << "failed to parse value " + value + "\n" << std::flush;
         return false;
     }
-    m_reg->commit();
-    return true;
-}
-
-bool property_register::apply(const std::string& value) {
-    if (value.empty()) {
-        return false;
+    const bool accepted = relative ? m_subval->adjust(m_reg, number)
+                                   : m_subval->set(m_reg, static_cast<unsigned int>(number));
+    if (accepted) {
+        m_reg->commit();
     }
-    if (value.front() == '+' || value.front() == '-') {
-        return m_subval->adjust(m_reg, parse(value, hexadecimal_mode()));
-    }
-    const long long number = parse(value, hexadecimal_mode() || has_hexadecimal_prefix(value));
-    return m_subval->set(m_reg, static_cast<unsigned int>(number));
+    return accepted;
 }
 
 bool property_register::get(std::string& value) {

@@ -36,6 +36,8 @@ public:
      */
     bool set(const std::string& value) override;
 
+    /** The field's value in the number mode; hexadecimal is "0x" and lower-case digits, unpadded.
+     */
     bool get(std::string& value) override;
 
     /** The field's description. */
@@ -46,8 +48,4 @@ public:
 
 private:
     property_register(std::string property_name, reg_info* reg, reg_subval* subval);
-
-    /** Puts the value that a text asks for into the cached word. May throw std::invalid_argument.
-     */
-    bool apply(const std::string& value);
 };

@@ -1,12 +1,14 @@
 #include "property/property_regulator_voltage.hpp"
 
 #include <cmath>
-#include <fstream>
 #include <iostream>
 #include <limits>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
+
+#include "property/text_file.hpp"
 
 namespace {
 
@@ -110,21 +112,14 @@ bool property_regulator_voltage::read_number(const char* file, std::int32_t& num
 }
 
 bool property_regulator_voltage::_fileintread(const std::string& path, std::int32_t& value) {
-    std::ifstream file(path);
-    if (!file.is_open()) {
+    const std::optional<std::string> word = first_word(path);
+    if (!word) {
         return false;
     }
-    std::string word;
-    file >> word;
-    value = to_int32(word);
+    value = to_int32(*word);
     return true;
 }
 
 bool property_regulator_voltage::_fileintwrite(const std::string& path, std::int32_t value) {
-    std::ofstream file(path);
-    if (!file.is_open()) {
-        return false;
-    }
-    file << std::to_string(value);
-    return true;
+    return replace_contents(path, std::to_string(value));
 }

@@ -2,9 +2,6 @@
 
 #include <list>
 
-class reg_info;
-class reg_subval;
-
 /**
  * An ownership list: heap objects handed over by pointer and deleted, in the order in which they
  * were added, when the list is destroyed. Nothing is taken out before that.

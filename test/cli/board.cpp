@@ -9,7 +9,6 @@
 #include <system_error>
 
 #include <fcntl.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -38,28 +37,10 @@ std::string new_folder() {
     return pattern;
 }
 
-/** Runs a program with its standard streams on files. */
-int run_program(const std::vector<std::string>& words, const fs::path& out, const fs::path& err) {
-    std::vector<char*> argv;
-    for (const std::string& word : words) {
-        argv.push_back(const_cast<char*>(word.c_str())); // exec takes what it never changes
-    }
-    argv.push_back(nullptr);
-    const pid_t child = fork();
-    if (child == 0) {
-        const int flags = O_WRONLY | O_CREAT | O_TRUNC;
-        dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
-        dup2(open(out.c_str(), flags, 0600), STDOUT_FILENO);
-        dup2(open(err.c_str(), flags, 0600), STDERR_FILENO);
-        setenv("BRISEL_BUILD", BRISEL_BUILD_DIR, 1);
-        execv(argv[0], argv.data());
-        _exit(127);
-    }
-    int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) != child) {
-        throw std::system_error(errno, std::generic_category(), words.front());
-    }
-    return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+/** What to run: the file that $BRISEL_PROGRAM names, or else the one in the build folder. */
+std::string program() {
+    const char* const file = std::getenv("BRISEL_PROGRAM");
+    return file == nullptr ? "brisel" : file;
 }
 
 } // namespace
@@ -114,13 +95,41 @@ board::~board() {
 }
 
 run_result board::run(const std::vector<std::string>& arguments) const {
+    return capture(launch(arguments));
+}
+
+run_result board::capture(program_start program) const {
     const fs::path folder = m_folder;
-    std::vector<std::string> words = {
-        BOARD_LAUNCHER, "-b", (folder / "state").string(), "-T", (folder / "trace").string(),
-        "brisel"};
-    words.insert(words.end(), arguments.begin(), arguments.end());
-    const int status = run_program(words, folder / "out", folder / "err");
+    const descriptor in("/dev/null", O_RDONLY);
+    const descriptor out(folder / "out", O_WRONLY | O_CREAT | O_TRUNC);
+    const descriptor err(folder / "err", O_WRONLY | O_CREAT | O_TRUNC);
+    program.in = in;
+    program.out = out;
+    program.err = err;
+    const int status = wait_for(start(program));
     return {contents(folder / "out"), contents(folder / "err"), status};
+}
+
+program_start board::launch(const std::vector<std::string>& arguments) const {
+    const fs::path folder = m_folder;
+    program_start program{.words = {BOARD_LAUNCHER, "-b", (folder / "state").string(), "-T",
+                                    (folder / "trace").string(), ::program()},
+                          .environment = {{"BRISEL_BUILD", BRISEL_BUILD_DIR}}};
+    program.words.insert(program.words.end(), arguments.begin(), arguments.end());
+    return program;
+}
+
+program_start board::launch_bare(const std::vector<std::string>& arguments,
+                                 const std::string& fault) const {
+    const fs::path folder = m_folder;
+    program_start program{.words = {BRISEL_BUILD_DIR "/brisel"},
+                          .environment = {{"BRISEL_BOARD", (folder / "state").string()},
+                                          {"BRISEL_BOARD_TRACE", (folder / "trace").string()},
+                                          {"BRISEL_BOARD_FAULTS", fault},
+                                          {"LD_LIBRARY_PATH", BRISEL_BUILD_DIR},
+                                          {"LD_PRELOAD", "libbrisel-board.so"}}};
+    program.words.insert(program.words.end(), arguments.begin(), arguments.end());
+    return program;
 }
 
 std::vector<std::string> board::trace() const {
@@ -138,7 +147,8 @@ std::vector<std::string> board::accesses() const {
         std::istringstream words(line);
         std::string what, address, word;
         words >> what >> address >> word;
-        if (what == "read" || what == "write" || what == "violation") {
+        const bool is_access = (what == "read" || what == "write") && address.starts_with("0x");
+        if (is_access || what == "violation") {
             found.push_back(what + " " + address + " " + word);
         }
     }

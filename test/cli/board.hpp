@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "cli/process.hpp"
 #include "model/register_table.hpp"
 
 /** What a board has that the power-on state has not, told in one readable line. */
@@ -49,8 +50,24 @@ public:
     board(const board&) = delete;
     board& operator=(const board&) = delete;
 
-    /** Runs `brisel` with these arguments through the launcher. Standard input is empty. */
+    /**
+     * Runs `brisel` with these arguments through the launcher. Standard input is empty. The
+     * environment variable BRISEL_PROGRAM may name another file, such as one for another processor.
+     */
     run_result run(const std::vector<std::string>& arguments) const;
+
+    /** The same for what one of the next two made. */
+    run_result capture(program_start program) const;
+
+    /** How `brisel` is started with these arguments through the launcher; no stream is open. */
+    program_start launch(const std::vector<std::string>& arguments) const;
+
+    /**
+     * The same without the launcher, which takes most of the time of a run, and with one more fault
+     * for this run. Always the `brisel` of the build folder.
+     */
+    program_start launch_bare(const std::vector<std::string>& arguments,
+                              const std::string& fault) const;
 
     /** Every line of the trace so far. */
     std::vector<std::string> trace() const;

@@ -20,6 +20,17 @@ namespace {
 
 const std::string sda = "i2c0-delay::sda-delay";
 
+/** The lines of the trace that open a file of the board in a directory. */
+std::vector<std::string> opened_below(const board& on_board, const std::string& directory) {
+    std::vector<std::string> opened;
+    for (const std::string& line : on_board.trace()) {
+        if (line.starts_with("open " + directory + "/")) {
+            opened.push_back(line);
+        }
+    }
+    return opened;
+}
+
 TEST(Run, OpensTheRdqsFileBeforeItTakesTheLockAndUnlocksLast) {
     const board on_board(board_setup().word(0x10090110, 0x3));
     on_board.run({sda, "5"});
@@ -48,16 +59,43 @@ TEST(Run, ReadOfARegulatorOpensItsVoltageTwiceAndItsLimitsOnce) {
     const board on_board;
     on_board.run({"cpu_regulator::microvolts"});
     const std::string directory = "/sys/class/regulator/regulator.1";
-    std::vector<std::string> opened;
-    for (const std::string& line : on_board.trace()) {
-        if (line.starts_with("open /sys/class")) {
-            opened.push_back(line);
-        }
-    }
-    EXPECT_THAT(opened, ElementsAre("open " + directory + "/microvolts r",
-                                    "open " + directory + "/min_microvolts r",
-                                    "open " + directory + "/max_microvolts r",
-                                    "open " + directory + "/microvolts r"));
+    EXPECT_THAT(opened_below(on_board, "/sys/class"),
+                ElementsAre("open " + directory + "/microvolts r",
+                            "open " + directory + "/min_microvolts r",
+                            "open " + directory + "/max_microvolts r",
+                            "open " + directory + "/microvolts r"));
+}
+
+TEST(Run, WriteOfARegulatorReadsItsVoltageAndLimitsOnceAndWritesItsVoltageOnce) {
+    const board on_board;
+    on_board.run({"cpu_regulator::microvolts", "1000000"});
+    const std::string directory = "/sys/class/regulator/regulator.1";
+    EXPECT_THAT(opened_below(on_board, "/sys/class"),
+                ElementsAre("open " + directory + "/microvolts r",
+                            "open " + directory + "/min_microvolts r",
+                            "open " + directory + "/max_microvolts r",
+                            "open " + directory + "/microvolts w"));
+}
+
+TEST(Run, RefusedVoltageWritesNoFile) {
+    const board on_board;
+    on_board.run({"cpu_regulator::microvolts", "92%"});
+    EXPECT_THAT(opened_below(on_board, "/sys/class"), testing::SizeIs(3));
+}
+
+TEST(Run, ReadOfRdqsOpensItsFileOnce) {
+    const board on_board;
+    on_board.run({"mmc::rdqs"});
+    EXPECT_THAT(opened_below(on_board, "/sys/kernel/debug"),
+                ElementsAre("open /sys/kernel/debug/mmc0/rdqs r"));
+}
+
+TEST(Run, WriteOfRdqsReadsItsFileOnceAndWritesItOnce) {
+    const board on_board;
+    on_board.run({"mmc::rdqs", "+1"});
+    EXPECT_THAT(
+        opened_below(on_board, "/sys/kernel/debug"),
+        ElementsAre("open /sys/kernel/debug/mmc0/rdqs r", "open /sys/kernel/debug/mmc0/rdqs w"));
 }
 
 TEST(Run, LockFileIsCreatedEmptyAndKept) {

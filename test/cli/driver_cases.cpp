@@ -123,6 +123,7 @@ const std::vector<cli_case> driver_cases = {
     {.name = "ReadOfAnEmptyNameEndsWithZero", .args = {""}, .err = unknown},
     {.name = "NamesMustMatchExactly", .args = {"i2c0-delay::sda"}, .err = unknown},
     {.name = "RegisterNameAloneIsNoProperty", .args = {"orlin-ddra"}, .err = unknown},
+    {.name = "SliceHasNoSetOfLanes", .args = {"orlin-ddra0::dq"}, .err = unknown},
     {.name = "FailedReadPrintsAnEmptyLine",
      .args = {"orlin-ddra::odt"},
      .board = board_setup().word(0x18428120, 0x00000003),

@@ -26,15 +26,16 @@ std::string limited(const std::string& current, const std::string& request,
 }
 
 /** A file whose value the property does not accept: it can be neither read nor written. */
-cli_case invalid(const std::string& name, std::vector<std::string> args, board_setup setup,
-                 const std::string& message) {
+cli_case invalid(const std::string& name, std::vector<std::string> args,
+                 const std::string& contents, const std::string& message) {
     const bool write = args.size() > 1;
     return {.name = name,
             .args = args,
-            .board = std::move(setup),
+            .board = holding(contents),
             .out = write ? "" : "\n",
             .err = message + (write ? set_failed(args[0], args[1]) : get_failed(args[0])),
-            .status = write ? 245 : 246};
+            .status = write ? 245 : 246,
+            .files = {{path, contents}}};
 }
 
 std::string not_valid(const std::string& value) {
@@ -110,18 +111,26 @@ const std::vector<cli_case> rdqs_cases = {
      .err = set_done(rdqs, "10"),
      .files = {{path, "10"}}},
 
-    invalid("RdqsAboveItsRangeCannotBeRead", {rdqs}, holding("300\n"), not_valid("300")),
-    invalid("RdqsAboveItsRangeCannotBeWritten", {rdqs, "40"}, holding("300\n"), not_valid("300")),
-    invalid("RdqsBelowItsRangeCannotBeRead", {rdqs}, holding("1\n"), not_valid("1")),
-    invalid("RdqsEmptyFileCountsAsZero", {rdqs}, holding(""), not_valid("0")),
-    invalid("RdqsFileWithoutANumberCountsAsZero", {rdqs}, holding("garbage\n"), not_valid("0")),
-    invalid("RdqsNegativeFileIsNotValid", {rdqs, "+50"}, holding("-3\n"), not_valid("-3")),
-    invalid("RdqsFileBeyondThirtyTwoBitsSaturates", {rdqs}, holding("99999999999\n"),
+    invalid("RdqsAboveItsRangeCannotBeRead", {rdqs}, "300\n", not_valid("300")),
+    invalid("RdqsAboveItsRangeCannotBeWritten", {rdqs, "40"}, "300\n", not_valid("300")),
+    invalid("RdqsBelowItsRangeCannotBeRead", {rdqs}, "1\n", not_valid("1")),
+    invalid("RdqsEmptyFileCountsAsZero", {rdqs}, "", not_valid("0")),
+    invalid("RdqsFileWithoutANumberCountsAsZero", {rdqs}, "garbage\n", not_valid("0")),
+    invalid("RdqsNegativeFileIsNotValid", {rdqs, "+50"}, "-3\n", not_valid("-3")),
+    invalid("RdqsFileBeyondThirtyTwoBitsSaturates", {rdqs}, "99999999999\n",
             not_valid("2147483647")),
-    invalid("RdqsMissingFileCannotBeRead", {rdqs}, board_setup().fault("no-open " + path),
-            "open " + path + " failed.\n"),
-    invalid("RdqsMissingFileCannotBeWritten", {rdqs, "40"}, board_setup().fault("no-open " + path),
-            "open " + path + " failed.\n"),
+    {.name = "RdqsMissingFileCannotBeRead",
+     .args = {rdqs},
+     .board = board_setup().fault("no-open " + path),
+     .out = "\n",
+     .err = "open " + path + " failed.\n" + get_failed(rdqs),
+     .status = 246},
+    {.name = "RdqsMissingFileCannotBeWritten",
+     .args = {rdqs, "40"},
+     .board = holding("40\n").fault("no-open " + path),
+     .err = "open " + path + " failed.\n" + set_failed(rdqs, "40"),
+     .status = 245,
+     .files = {{path, "40\n"}}},
 
     {.name = "RdqsFileThatIsNotWritableFailsTheWrite",
      .args = {rdqs, "50"},

@@ -2,11 +2,11 @@
 # Links the program's objects in many orders, and sees the static objects built and destroyed in
 # the same order each time.
 #
-#   static_order_test.sh COMPILER OBJECT_LIST LOGGER_OBJECT
+#   static_order_test.sh LAUNCHER COMPILER OBJECT_LIST LOGGER_OBJECT
 #
 # OBJECT_LIST is a file that names the program's objects, a line each.
 set -eu
-compiler=$1 list=$2 logger=$3
+launcher=$1 compiler=$2 list=$3 logger=$4
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -39,7 +39,7 @@ check_order() {
     # shellcheck disable=SC2046 # a list of words
     "$compiler" -no-pie -Wl,--wrap=__cxa_atexit -o "$work/program" $(cat "$work/order") "$logger"
     status=0
-    "$work/program" -h >/dev/null 2>"$work/log" || status=$?
+    "$launcher" -b "$work/board" "$work/program" -h >/dev/null 2>"$work/log" || status=$?
     if [ "$status" -ne 254 ]; then
         echo "status $status when linked in the order of"
         cat "$work/order"

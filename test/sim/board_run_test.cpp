@@ -65,6 +65,55 @@ TEST_F(sim_board_run, files_of_the_board_take_the_place_of_the_machines) {
     EXPECT_EQ(board("cat /sys/kernel/debug/mmc0/rdqs").output, "41\n");
 }
 
+TEST_F(sim_board_run, a_call_fails_by_its_number_and_is_traced_as_failed) {
+    const std::string twice = "open map=0x18428000 read=0x18428120 unmap close ";
+    EXPECT_NE(probe(twice + twice, "-f 'fail open 2 EMFILE'")
+                  .output.find("close /dev/zeb_mem\n"
+                               "open /dev/zeb_mem rw failed: Too many open files\n"),
+              std::string::npos);
+    EXPECT_NE(probe(twice + twice, "-f 'fail mmap 2'")
+                  .output.find("open /dev/zeb_mem rw\n"
+                               "map 0x18428000 failed: Operation not permitted\n"),
+              std::string::npos);
+    EXPECT_NE(board("-t -f 'fail flock 2' brisel -i")
+                  .output.find("\nunlock /tmp/brisel.lock failed: No locks available\n"),
+              std::string::npos);
+}
+
+TEST_F(sim_board_run, transfers_of_the_boards_files_alone_are_counted) {
+    const std::string rdqs = "/sys/kernel/debug/mmc0/rdqs";
+    EXPECT_EQ(board("-t -f 'fail read 1 EISDIR' cat /dev/null " + rdqs).output,
+              "open " + rdqs +
+                  " r\n"
+                  "read " +
+                  rdqs +
+                  " failed: Is a directory\n"
+                  "cat: " +
+                  rdqs +
+                  ": Is a directory\n"
+                  "close " +
+                  rdqs + "\n");
+    EXPECT_EQ(board("-t -f 'fail write 1 ENOSPC' brisel mmc::rdqs 50").output,
+              "open " + rdqs +
+                  " r\n"
+                  "close " +
+                  rdqs +
+                  "\n"
+                  "open /tmp/brisel.lock rw\n"
+                  "lock /tmp/brisel.lock\n"
+                  "open " +
+                  rdqs +
+                  " w\n"
+                  "write " +
+                  rdqs +
+                  " failed: No space left on device\n"
+                  "close " +
+                  rdqs +
+                  "\n"
+                  "BRISEL: set mmc::rdqs := 50\n"
+                  "unlock /tmp/brisel.lock\n");
+}
+
 TEST_F(sim_board_run, a_lock_that_fails_is_traced_as_failed) {
     const outcome run = board("-t -f 'no-lock /tmp/brisel.lock EINTR' brisel -h");
     EXPECT_NE(run.output.find("\nlock /tmp/brisel.lock failed: Interrupted system call\n"),
@@ -97,10 +146,23 @@ TEST_F(sim_board_run, a_line_that_makes_no_sense_ends_the_run_before_it_begins) 
     EXPECT_EQ(misplaced.output, "sim/board: -f:2: no register lies at 0x18428124\n");
 }
 
-TEST_F(sim_board_run, a_program_that_keeps_the_library_out_is_refused) {
+TEST_F(sim_board_run, a_program_that_keeps_the_library_out_needs_an_emulator) {
+    const bool has_emulator = std::system("command -v qemu-x86_64 >/dev/null") == 0;
     const outcome run = board("'" STATIC_PROGRAM "'");
-    EXPECT_EQ(run.output, "sim/board: " STATIC_PROGRAM " cannot run on a board: it is no "
-                          "dynamically linked program of this machine\n");
+    EXPECT_EQ(run.output, has_emulator ? ""
+                                       : "sim/board: " STATIC_PROGRAM " cannot run on a board "
+                                         "without qemu-x86_64, of Debian's package qemu-user\n");
+    EXPECT_EQ(run.status, has_emulator ? 0 : 2);
+}
+
+TEST_F(sim_board_run, what_is_no_program_is_refused) {
+    board("-r");
+    const fs::path file = state() / "words";
+    std::ofstream(file) << "not a program";
+    fs::permissions(file, fs::perms::owner_all);
+    const outcome run = board("state/words");
+    EXPECT_NE(run.output.find("cannot run on a board: it is no program\n"), std::string::npos)
+        << run.output;
     EXPECT_EQ(run.status, 2);
 }
 

@@ -95,6 +95,35 @@ TEST(sim_fault_list, content_is_the_rest_of_the_line_or_nothing) {
     EXPECT_EQ(faults_of(std::string("content ") + rdqs + "\n").content(rdqs), "");
 }
 
+TEST(sim_fault_list, a_call_fails_by_its_number_alone) {
+    const fault_list faults = faults_of("fail read 3\n");
+    EXPECT_EQ(faults.call_error(failing_call::read, 2), std::nullopt);
+    EXPECT_EQ(faults.call_error(failing_call::read, 3), EIO);
+    EXPECT_EQ(faults.call_error(failing_call::read, 4), std::nullopt);
+    EXPECT_EQ(faults.call_error(failing_call::write, 3), std::nullopt);
+}
+
+TEST(sim_fault_list, a_plus_has_all_later_calls_fail_too) {
+    const fault_list faults = faults_of("fail memory 3+\nfail memory 5 EAGAIN\n");
+    EXPECT_EQ(faults.call_error(failing_call::memory, 2), std::nullopt);
+    EXPECT_EQ(faults.call_error(failing_call::memory, 3), ENOMEM);
+    EXPECT_EQ(faults.call_error(failing_call::memory, 4), ENOMEM);
+    EXPECT_EQ(faults.call_error(failing_call::memory, 5), EAGAIN);
+    EXPECT_EQ(faults.call_error(failing_call::memory, 6), ENOMEM);
+}
+
+TEST(sim_fault_list, every_call_has_an_error_of_its_own) {
+    const fault_list faults = faults_of("fail open 1\nfail mmap 1\nfail flock 1\nfail read 1\n"
+                                        "fail write 1\nfail memory 1\n");
+    EXPECT_EQ(faults.call_error(failing_call::open, 1), ENOENT);
+    EXPECT_EQ(faults.call_error(failing_call::mmap, 1), EPERM);
+    EXPECT_EQ(faults.call_error(failing_call::flock, 1), ENOLCK);
+    EXPECT_EQ(faults.call_error(failing_call::read, 1), EIO);
+    EXPECT_EQ(faults.call_error(failing_call::write, 1), EIO);
+    EXPECT_EQ(faults.call_error(failing_call::memory, 1), ENOMEM);
+    EXPECT_EQ(faults_of("fail open 1 EMFILE").call_error(failing_call::open, 1), EMFILE);
+}
+
 TEST(sim_fault_list, a_line_that_makes_no_sense_is_refused_with_its_place) {
     const struct {
         const char* line;
@@ -114,6 +143,14 @@ TEST(sim_fault_list, a_line_that_makes_no_sense_is_refused_with_its_place) {
         {"no-write /dev/zeb_mem EIO now", "'now' is too much"},
         {"no-map zeb", "'zeb' is no address"},
         {"content /tmp/other 1", "'/tmp/other' is no path of the board"},
+        {"fail", "'' is no call that can fail"},
+        {"fail close 1", "'close' is no call that can fail"},
+        {"fail read", "the number is missing"},
+        {"fail read +", "the number is missing"},
+        {"fail read -1", "'-1' is no number"},
+        {"fail read 0", "calls are counted from 1"},
+        {"fail read 1 + EIO", "'EIO' is too much"},
+        {"fail read 1 EOF", "'EOF' is no errno name"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(refusal_of(row.line), std::string("faults:3: ") + row.message);

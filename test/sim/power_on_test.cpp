@@ -150,7 +150,7 @@ TEST(sim_power_on, there_is_no_fault_and_every_example_of_one_is_right) {
         }
         in_examples = in_examples || line.ends_with("For example:");
     }
-    EXPECT_EQ(count, 8);
+    EXPECT_EQ(count, 10);
     EXPECT_NO_THROW(examples.check_places(registers()));
 }
 

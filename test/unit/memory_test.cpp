@@ -23,6 +23,14 @@ TEST(Memory, BlocksAreAlignedForEveryType) {
     }
 }
 
+TEST(Memory, BlocksOfNoBytesHaveAddressesOfTheirOwn) {
+    void* first = block_of(0);
+    void* second = block_of(0);
+    EXPECT_NE(first, nullptr);
+    EXPECT_NE(first, second);
+    EXPECT_NE(second, block_of(1));
+}
+
 TEST(Memory, BlocksDoNotOverlap) {
     auto* first = static_cast<unsigned char*>(block_of(33));
     auto* second = static_cast<unsigned char*>(block_of(33));
@@ -34,16 +42,16 @@ TEST(Memory, BlocksDoNotOverlap) {
 
 TEST(Memory, LastBlockIsUsedAgain) {
     void* block = block_of(40);
-    ::operator delete(block, std::size_t{40});
+    ::operator delete (block, std::size_t{40});
     EXPECT_EQ(block_of(48), block);
 }
 
 TEST(Memory, EarlierBlockIsLeftAlone) {
     void* first = block_of(40);
     void* second = block_of(40);
-    ::operator delete(first, std::size_t{40});
+    ::operator delete (first, std::size_t{40});
     EXPECT_NE(block_of(40), first);
-    ::operator delete(second, std::size_t{40});
+    ::operator delete (second, std::size_t{40});
 }
 
 TEST(Memory, BlockOfUnknownSizeIsLeftAlone) {
@@ -55,7 +63,7 @@ TEST(Memory, BlockOfUnknownSizeIsLeftAlone) {
 TEST(Memory, NullIsNoBlock) {
     void* nothing = nullptr;
     ::operator delete(nothing);
-    ::operator delete(nothing, std::size_t{8});
+    ::operator delete (nothing, std::size_t{8});
     EXPECT_NE(block_of(8), nullptr);
 }
 

@@ -1,0 +1,50 @@
+#include "cli/failing_command.hpp"
+
+#include <algorithm>
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+namespace {
+
+const std::string lock_file = "/tmp/brisel.lock";
+
+bool takes_lock(const std::string& path) {
+    const descriptor lock(path, O_RDWR | O_CREAT);
+    return flock(lock, LOCK_EX | LOCK_NB) == 0;
+}
+
+} // namespace
+
+const std::vector<failing_command> failing_commands = {
+    {.name = "ReadOfARegister", .args = {"i2c0-delay::sda-delay"}},
+    {.name = "WriteOfARegister", .args = {"i2c0-delay::sda-delay", "5"}},
+    {.name = "WriteOfADqSet", .args = {"pelune-ddr-read1::dq", "{1,2,3,4,5,6,7,8}"}},
+    {.name = "ReadOfARegulator",
+     .args = {"cpu_regulator::microvolts"},
+     .file = "/sys/class/regulator/regulator.1/microvolts"},
+    {.name = "WriteOfARegulator",
+     .args = {"cpu_regulator::microvolts", "95%"},
+     .file = "/sys/class/regulator/regulator.1/microvolts"},
+    {.name = "ReadOfRdqs", .args = {"mmc::rdqs"}, .file = "/sys/kernel/debug/mmc0/rdqs"},
+    {.name = "WriteOfRdqs", .args = {"mmc::rdqs", "+10"}, .file = "/sys/kernel/debug/mmc0/rdqs"},
+    {.name = "List", .args = {"-l"}},
+};
+
+failing_run::failing_run(const failing_command& command, const std::string& fault,
+                         const std::string& program) {
+    const board on_board;
+    const auto contents = [&] { return on_board.file(command.file).value_or("missing"); };
+    file_before = contents();
+    program_start start = on_board.launch_bare(command.args, fault);
+    start.words[0] = program;
+    result = on_board.capture(start);
+    trace = on_board.trace();
+    accesses = on_board.accesses();
+    file = contents();
+    lock_is_free = takes_lock(on_board.path(lock_file));
+    const auto failed = std::find_if(trace.begin(), trace.end(), [](const std::string& line) {
+        return line.find(" failed: ") != std::string::npos;
+    });
+    failed_line = failed == trace.end() ? "" : *failed;
+}

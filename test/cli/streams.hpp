@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/board.hpp"
+
+/** What a reader on the other end of a stream got, and how the process ended. */
+struct stream_result {
+    /** One entry per read: where the stream keeps them apart, one per write of the process. */
+    std::vector<std::string> parts;
+    int status;
+
+    /** All parts in one. */
+    std::string text() const;
+};
+
+/** Runs the program with standard output and standard error on one pipe that keeps writes apart. */
+stream_result run_into_pipe(program_start program);
+
+/** Runs the program with standard output and standard error on one terminal. */
+stream_result run_in_terminal(program_start program);
+
+/** Runs the program, its output and errors on pipes of their own, which nobody reads. */
+int run_without_readers(program_start program);
