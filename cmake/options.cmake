@@ -7,7 +7,9 @@ target_compile_options(brisel_options INTERFACE
     $<$<BOOL:${BRISEL_WERROR}>:-Werror>
     # A release is the same to the byte in whatever folder it is built.
     $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>
-    -fstack-protector-strong)
+    -fstack-protector-strong
+    # As g++ has it: an operator delete that is told the size.
+    $<$<CXX_COMPILER_ID:Clang>:-fsized-deallocation>)
 target_link_options(brisel_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 
 # What the program and its tests are compiled with: the same, and the sanitizers where asked for.
