@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Uses an installed brisel, its manual and its completion, on a board. Run by chroot_test.sh.
+set -eu
+
+reference=/usr/share/doc/brisel/properties.md
+[ "$(brisel -l | grep -c '	.* : ')" -eq "$(grep -c '^| .*::' $reference)" ]
+brisel orlin-ddra::odt 120
+[ "$(brisel -r orlin-ddra::odt)" = 120 ]
+[ "$(brisel -x orlin-ddra::odt)" = 0x78 ]
+
+mandoc -T lint -W warning /usr/share/man/man1/brisel.1.gz
+
+# completes LINE WANTED: as the library that loads completions at a tab has it done.
+completes() {
+    COMP_LINE=$1 COMP_POINT=${#1}
+    _brisel || true # its status means nothing
+    [ "${COMPREPLY[*]}" = "$2" ] || {
+        echo "'$1' completes to '${COMPREPLY[*]}', not '$2'" >&2
+        exit 1
+    }
+}
+
+set +eu # the library bears neither
+# shellcheck source=/dev/null
+. /usr/share/bash-completion/bash_completion
+_completion_loader brisel
+set -eu
+completes 'brisel pelune-ddr::od' odt
+completes 'brisel pelune-ddr::odt 1' 120
