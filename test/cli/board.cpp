@@ -9,7 +9,6 @@
 #include <system_error>
 
 #include <fcntl.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 

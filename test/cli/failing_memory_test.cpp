@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdlib>
 #include <ostream>
 
 #include <gmock/gmock.h>
@@ -22,9 +23,7 @@ void PrintTo(const memory_user& user, std::ostream* out) {
 
 const std::vector<memory_user> memory_users = {
     {"Program", BRISEL_BUILD_DIR "/brisel"},
-#ifdef PROGRAM_ON_C_MEMORY
     {"ProgramOnCMemory", PROGRAM_ON_C_MEMORY},
-#endif
 };
 
 failing_run run_without(const std::string& number, const failing_command& command,
