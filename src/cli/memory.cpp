@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <new>
@@ -26,9 +27,12 @@ constexpr std::size_t chunk_size = 64 * 1024;
 constinit std::byte* chunk_begin = nullptr;
 constinit std::byte* chunk_end = nullptr;
 
-/** The size of the block for `size` bytes: every block has an address of its own, even for 0. */
+/**
+ * The size of the block for `size` bytes: every block has an address of its own, even for 0. A
+ * size too large to round up becomes 0.
+ */
 constexpr std::size_t aligned(std::size_t size) {
-    return size == 0 ? alignment : (size + alignment - 1) & ~(alignment - 1);
+    return (size + (size == 0 ? alignment : alignment - 1)) & ~(alignment - 1);
 }
 
 std::byte* cut(std::size_t block_size) {
@@ -39,7 +43,10 @@ std::byte* cut(std::size_t block_size) {
 
 /** Kept out of operator new, whose usual way is then a dozen instructions. */
 [[gnu::noinline]] std::byte* cut_from_new_chunk(std::size_t block_size) {
-    const std::size_t size = block_size > chunk_size ? block_size : chunk_size;
+    if (block_size == 0) {
+        throw std::bad_alloc();
+    }
+    const std::size_t size = std::max(block_size, chunk_size);
     void* chunk = mmap(nullptr, size, PROT_READ | PROT_WRITE,
                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
     if (chunk == MAP_FAILED) {
@@ -53,9 +60,9 @@ std::byte* cut(std::size_t block_size) {
 } // namespace
 
 void* operator new(std::size_t size) {
-    // A size that wraps when it is rounded up asks for more than there can be.
-    const std::size_t block_size = aligned(size) < size ? size : aligned(size);
-    if (block_size > static_cast<std::size_t>(chunk_end - chunk_begin)) {
+    const std::size_t block_size = aligned(size);
+    // Less 1, so that the size that could not be rounded up, too, is more than there is.
+    if (block_size - 1 >= static_cast<std::size_t>(chunk_end - chunk_begin)) {
         return cut_from_new_chunk(block_size);
     }
     return cut(block_size);
