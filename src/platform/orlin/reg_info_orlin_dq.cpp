@@ -15,8 +15,8 @@ reg_info_orlin_dq::reg_info_orlin_dq(std::string name, unsigned int sel_value,
     for (reg_bitmask_dq* field : fields) {
         m_dq_values.emplace_hint(m_dq_values.end(), field, 0);
         m_dq_loaded.emplace_hint(m_dq_loaded.end(), field, false);
-        m_dq_dirty.emplace_hint(m_dq_dirty.end(), field, false);
     }
+    m_dq_dirty = m_dq_loaded;
 }
 
 void reg_info_orlin_dq::commit() {
