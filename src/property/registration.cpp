@@ -7,6 +7,20 @@ registration::registration(property_group* group)
     : m_group(*group), m_in_registry(property::properties.end()),
       m_in_group(group->m_properties.end()) {}
 
+namespace {
+
+using place = std::map<std::string, property*>::iterator;
+
+/**
+ * The place behind a new entry. Mostly that is where it was expected to be, which is cheaper to see
+ * than to look for. There is something before `expected`: the new entry, or an earlier one.
+ */
+place behind(place entry, place expected) {
+    return std::prev(expected) == entry ? expected : std::next(entry);
+}
+
+} // namespace
+
 property* registration::add(property* p) {
     const std::size_t before = property::properties.size();
     const place entry = property::properties.emplace_hint(m_in_registry, p->name, p);
@@ -14,13 +28,13 @@ property* registration::add(property* p) {
         return nullptr;
     }
     try {
-        m_in_group = m_group.m_properties.emplace_hint(m_in_group, p->name, p);
-        m_in_group->second = p; // also in place of a member of that name
+        const place member = m_group.m_properties.emplace_hint(m_in_group, p->name, p);
+        member->second = p; // also in place of a member of that name
+        m_in_group = behind(member, m_in_group);
     } catch (...) {
         property::properties.erase(entry); // no memory for the member: p stays with its caller
         throw;
     }
-    m_in_registry = std::next(entry);
-    ++m_in_group;
+    m_in_registry = behind(entry, m_in_registry);
     return p;
 }
