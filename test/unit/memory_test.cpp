@@ -62,9 +62,8 @@ TEST(Memory, BlockOfUnknownSizeIsLeftAlone) {
 }
 
 TEST(Memory, NullIsNoBlock) {
-    void* nothing = nullptr;
-    ::operator delete(nothing);
-    ::operator delete (nothing, std::size_t{8});
+    ::operator delete(static_cast<void*>(nullptr));
+    ::operator delete (static_cast<void*>(nullptr), std::size_t{8});
     EXPECT_NE(block_of(8), nullptr);
 }
 
