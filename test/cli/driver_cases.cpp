@@ -52,6 +52,10 @@ const std::vector<cli_case> driver_cases = {
      .status = 253},
 
     {.name = "ListShowsEveryGroupAndPropertyAndReadsNothing", .args = {"-l"}, .out = listing()},
+    {.name = "ListNeedsNoDeviceNode",
+     .args = {"-l"},
+     .board = board_setup().fault("no-open /dev/zeb_mem"),
+     .out = listing()},
     {.name = "ListIgnoresTheHexadecimalOption", .args = {"-l", "-x"}, .out = listing()},
     {.name = "ListIgnoresOperands", .args = {"-l", sda, "5"}, .out = listing()},
     {.name = "ListIsFoundInsideAWord", .args = {"-lx"}, .out = listing()},
