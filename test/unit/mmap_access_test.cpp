@@ -48,7 +48,7 @@ void save(const std::string& path, const memory& words) {
 }
 
 memory saved(const std::string& path) {
-    memory words(fs::file_size(path) / sizeof(unsigned int));
+    memory words(static_cast<std::size_t>(fs::file_size(path)) / sizeof(unsigned int));
     std::ifstream file(path, std::ios::binary);
     file.read(reinterpret_cast<char*>(words.data()),
               static_cast<std::streamsize>(words.size() * sizeof(unsigned int)));
