@@ -9,7 +9,7 @@ cd "$1"
 sha256sum --check --strict SHA256SUMS
 
 check() {
-    file=$1 machine=$2 type=$3
+    file=$1 machine=$2
     headers=$(readelf -hldSAW "$file")
     expect() {
         printf '%s\n' "$headers" | grep -qE "$1" || {
@@ -24,7 +24,7 @@ check() {
         fi
     }
     expect "Machine: +$machine"
-    expect "Type: +$type"
+    expect 'Type: +EXEC'
     expect 'GNU_STACK .* RW '
     expect 'GNU_RELRO'
     refuse 'INTERP|\(NEEDED\)'
@@ -36,10 +36,10 @@ check() {
     echo "$file: $machine, $(wc -c <"$file") bytes"
 }
 
-check brisel-armhf 'ARM$' 'EXEC'
+check brisel-armhf 'ARM$'
 expect 'Tag_CPU_arch: v7'
 expect 'Tag_ABI_VFP_args: VFP registers'
-check brisel-armel 'ARM$' 'EXEC'
+check brisel-armel 'ARM$'
 expect 'Tag_CPU_arch: v5TE'
-check brisel-arm64 'AArch64$' 'DYN'
-check brisel-host "$(readelf -h /bin/sh | sed -n 's/^ *Machine: *//p')" 'DYN'
+check brisel-arm64 'AArch64$'
+check brisel-host "$(readelf -h /bin/sh | sed -n 's/^ *Machine: *//p')"
