@@ -29,6 +29,12 @@ while IFS=$(printf '\n') read -r message; do
     has "$message"
 done <"$work/messages"
 
+# The files outside of /dev that it reads and writes, by their own names.
+sed -n '/^#/!p' "$3/test/catalogue/elsewhere.tsv" | cut -f 3 >"$work/files"
+while read -r file; do
+    has "${file##*/}"
+done <"$work/files"
+
 sed -n 's/.*= -\([0-9]*\),.*/\1/p' "$3/src/cli/exit_status.hpp" >"$work/numbers"
 while read -r number; do
     grep -q "^ *$((256 - number))  " "$text" || {
