@@ -53,7 +53,7 @@ type_in() {
 
 ask_fish() {
     offered=$($launcher -T $work/trace env PATH=$prefix/bin:$PATH fish --no-config -c \
-        "source $prefix/share/fish/vendor_completions.d/brisel.fish; complete -C ${(qq)1}")
+        "source $prefix/share/fish/vendor_completions.d/brisel.fish; complete -C ${(qq)1}" 2>&1)
 }
 
 failures=0
@@ -77,7 +77,7 @@ offers 'brisel -x pelune_reg' 'pelune_regulator::microvolts'
 offers 'brisel -r i2c15-delay::sd' 'i2c15-delay::sda-delay'
 offers 'brisel nonsense' '!delay'
 # Values where they are few.
-offers 'brisel orlin-ddra::odt ' 0 40 60 120
+offers 'brisel orlin-ddra::odt ' '0*40*60*120' '!--'
 offers 'brisel orlin-ddra::odt 1' 120 '!40'
 offers 'brisel -x orlin-ddra::odt 0x' 0x0 0x28 0x3c 0x78
 offers 'brisel ehci0-phy::tx-crossover ' 0 1 2
@@ -105,5 +105,9 @@ print '#!/bin/sh\nprintf "new :\\n\\tnew-chip::knob : 0=off, 7=on\\n"' >$prefix/
 offers 'brisel new' 'new-chip::knob'
 offers 'brisel new-chip::knob ' 0 7
 offers 'brisel orlin-ddra::od' '!orlin-ddra::odt'
+
+# A program that is not installed offers nothing, and no message either.
+rm $prefix/share/brisel/candidates
+offers 'brisel new' '!new-chip' '!such file'
 
 (( failures == 0 ))
