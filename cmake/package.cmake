@@ -14,6 +14,7 @@ elseif(CMAKE_SYSTEM_PROCESSOR STREQUAL x86_64)
 endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS bash-completion)
 if(CMAKE_CROSSCOMPILING)
     # dpkg-shlibdeps knows no packages for the cross compiler's libraries, which are Debian 12's.
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.36), libgcc-s1 (>= 12), libstdc++6 (>= 12)")
