@@ -7,19 +7,9 @@ registration::registration(property_group* group)
     : m_group(*group), m_in_registry(property::properties.end()),
       m_in_group(group->m_properties.end()) {}
 
-namespace {
-
-using place = std::map<std::string, property*>::iterator;
-
-/**
- * The place behind a new entry. Mostly that is where it was expected to be, which is cheaper to see
- * than to look for. There is something before `expected`: the new entry, or an earlier one.
- */
-place behind(place entry, place expected) {
+registration::place registration::behind(place entry, place expected) {
     return std::prev(expected) == entry ? expected : std::next(entry);
 }
-
-} // namespace
 
 property* registration::add(property* p) {
     const std::size_t before = property::properties.size();

@@ -28,6 +28,13 @@ public:
 private:
     using place = std::map<std::string, property*>::iterator;
 
+    /**
+     * The place behind a new entry. Mostly that is where it was expected to be, which is cheaper
+     * to see than to look for. There is something before `expected`: the new entry, or an
+     * earlier one.
+     */
+    static place behind(place entry, place expected);
+
     property_group& m_group;
     /** The entries behind the ones made last. */
     place m_in_registry;
