@@ -1,7 +1,5 @@
 #include "checker/checked_property.hpp"
 
-#include <iostream>
-
 #include "support/captured_stream.hpp"
 
 namespace fuzz {
@@ -36,7 +34,7 @@ std::string checked_property::shown() {
 }
 
 bool checked_property::accepts(const std::string& text) {
-    const captured_stream messages(std::cerr);
+    const captured_stream messages(standard_error());
     const outcome result = outcome_of([&] { return m_property.set(text); });
     m_checker.check_set(m_target, result, text);
     return result == outcome::accepted && messages.text().empty();

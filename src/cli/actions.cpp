@@ -1,28 +1,23 @@
 #include "cli/actions.hpp"
 
-#include <iostream>
-
+#include "output/output_stream.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
 
 namespace {
 
-void print_line(const std::string& line) {
-    std::cout << line << std::endl;
-}
-
 void report_status(const std::string& what) {
-    std::cerr << "BRISEL: " + what + "\n" << std::flush;
+    standard_error().print_line("BRISEL: " + what);
 }
 
 void report_no_such_property() {
-    std::cerr << "No such property registered.\n" << std::flush;
+    standard_error().print_line("No such property registered.");
 }
 
 } // namespace
 
 void print(const char* text) {
-    std::cout << text;
+    standard_output().print(text);
 }
 
 void print_usage() {
@@ -32,18 +27,17 @@ void print_usage() {
                              "\t-i            : interactive mode",             //
                              "\t-l            : list all properties",          //
                              "\t-x            : show hex value (default decimal)"}) {
-        print(line);
-        std::cout << std::endl;
+        standard_output().print_line(line);
     }
 }
 
 exit_status list() {
     for (const auto& [group_name, group] : property_group::get_groups()) {
-        print_line(group_name + " :");
+        standard_output().print_line(group_name + " :");
         for (const auto& [name, member] : group->m_properties) {
             std::string help;
             member->get_help(help);
-            print_line("\t" + name + " : " + help);
+            standard_output().print_line("\t" + name + " : " + help);
         }
     }
     return exit_status::success;
@@ -57,7 +51,7 @@ exit_status read(const std::string& name) {
     }
     std::string value;
     const bool done = found->get(value);
-    print_line(value);
+    standard_output().print_line(value);
     if (!done) {
         // No blank before "failed.": the line has always looked so, and scripts match it.
         report_status("get " + name + "failed.");
@@ -82,7 +76,7 @@ exit_status raw_read(const std::string& name) {
     property* found = property::get_property(name);
     std::string value;
     if (found != nullptr && found->get(value)) {
-        print_line(value);
+        standard_output().print_line(value);
     } else {
         report_no_such_property();
     }

@@ -1,10 +1,11 @@
 #include "cli/instance_lock.hpp"
 
-#include <iostream>
 #include <string>
 
 #include <fcntl.h>
 #include <sys/file.h>
+
+#include "output/output_stream.hpp"
 
 namespace {
 
@@ -17,10 +18,10 @@ int lock_fd = -1;
 bool take_instance_lock() {
     lock_fd = open(lock_path, O_RDWR | O_CREAT, 0666);
     if (lock_fd < 0) {
-        std::cerr << std::string("Failed to open ") + lock_path + "\n" << std::flush;
+        standard_error().print_line(std::string("Failed to open ") + lock_path);
     }
     if (lock_fd < 0 || flock(lock_fd, LOCK_EX) != 0) {
-        std::cerr << "Failed to lock!\n" << std::flush;
+        standard_error().print_line("Failed to lock!");
         return false;
     }
     return true;

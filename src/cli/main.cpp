@@ -1,4 +1,3 @@
-#include <iostream>
 #include <string>
 
 #include <unistd.h>
@@ -7,6 +6,7 @@
 #include "cli/exit_status.hpp"
 #include "cli/instance_lock.hpp"
 #include "cli/standard_streams.hpp"
+#include "output/output_stream.hpp"
 #include "platform/register_properties.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
@@ -16,7 +16,8 @@ namespace {
 /** Reads or writes the property that the words from `optind` on name; further words are ignored. */
 exit_status access_operand(int argc, char* argv[]) {
     if (argc - optind < 1) {
-        std::cout << ".." << optind << std::endl;
+        print("..");
+        standard_output().print_line(std::to_string(optind));
         print_usage();
         return exit_status::success;
     }
@@ -36,8 +37,7 @@ exit_status act(int argc, char* argv[]) {
     }
     switch (option) {
     case 'i':
-        print("Not supported yet.");
-        std::cout << std::endl;
+        standard_output().print_line("Not supported yet.");
         return exit_status::not_supported;
     case 'l':
         return list();

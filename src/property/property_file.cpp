@@ -1,24 +1,27 @@
 #include "property/property_file.hpp"
 
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
 #include <optional>
-#include <sstream>
 #include <utility>
 
+#include "output/output_stream.hpp"
 #include "property/text_file.hpp"
 #include "reg/wrapping.hpp"
 
 namespace {
 
-/** The number at the start of a text, by formatted stream input; 0 where there is none. */
+/** The decimal number at the start of a text, 0 where there is none; the nearest that T has. */
 template <class T>
 T extract(const std::string& text) {
-    T number = 0; // input from an exhausted stream leaves the variable alone
-    std::istringstream(text) >> number;
-    return number;
+    using limits = std::numeric_limits<T>;
+    return static_cast<T>(
+        std::clamp<long>(std::strtol(text.c_str(), nullptr, 10), limits::min(), limits::max()));
 }
 
 void report_open_failure(const std::string& path) {
-    std::cerr << "open " + path + " failed.\n" << std::flush;
+    standard_error().print_line("open " + path + " failed.");
 }
 
 } // namespace
@@ -58,10 +61,9 @@ bool property_file<T>::read_update() {
     m_value = extract<T>(*word);
     m_valid = m_min <= m_value && m_value <= m_max;
     if (!m_valid) {
-        std::cerr << "current value " + std::to_string(m_value) +
-                         " is not valid, valid range = " + std::to_string(m_min) + " ~ " +
-                         std::to_string(m_max) + "\n"
-                  << std::flush;
+        standard_error().print_line("current value " + std::to_string(m_value) +
+                                    " is not valid, valid range = " + std::to_string(m_min) +
+                                    " ~ " + std::to_string(m_max));
     }
     return m_valid;
 }
@@ -80,9 +82,8 @@ bool property_file<T>::commit() {
 
 template <class T>
 void property_file<T>::warn_about_range(const std::string& requested, T limit) {
-    std::cerr << "apply current value " + std::to_string(m_value) + " to " + requested +
-                     "is limited to " + std::to_string(limit) + "\n"
-              << std::flush;
+    standard_error().print_line("apply current value " + std::to_string(m_value) + " to " +
+                                requested + "is limited to " + std::to_string(limit));
 }
 
 template <class T>

@@ -1,8 +1,5 @@
 #pragma once
 
-// The streams are initialised before whatever includes this: a constructor that runs before main
-// may already have a failure to report.
-#include <iostream> // IWYU pragma: keep
 #include <string>
 
 #include "property/property.hpp"

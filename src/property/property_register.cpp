@@ -1,12 +1,12 @@
 #include "property/property_register.hpp"
 
 #include <charconv>
-#include <iostream>
 #include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <utility>
 
+#include "output/output_stream.hpp"
 #include "property/property_name.hpp"
 #include "property/registration.hpp"
 #include "reg/reg_info.hpp"
@@ -48,7 +48,7 @@ void property_register::register_as_property(property_group* group, reg_info* re
         std::unique_ptr<property_register> p(
             new property_register(property_name(reg->m_name, field_name), reg, field));
         if (fields.add(p.get()) == nullptr) {
-            std::cerr << "property " + p->name + " is already registered.\n" << std::flush;
+            standard_error().print_line("property " + p->name + " is already registered.");
             continue;
         }
         static_cast<void>(p.release()); // the registry owns it now
@@ -66,7 +66,7 @@ bool property_register::set(const std::string& value) {
     try {
         number = parse(value, hexadecimal);
     } catch (const std::invalid_argument&) {
-        std::cerr << "failed to parse value " + value + "\n" << std::flush;
+        standard_error().print_line("failed to parse value " + value);
         return false;
     }
     const bool accepted = relative ? m_subval->adjust(m_reg, number)

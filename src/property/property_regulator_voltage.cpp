@@ -1,13 +1,13 @@
 #include "property/property_regulator_voltage.hpp"
 
 #include <cmath>
-#include <iostream>
+#include <cstdio>
 #include <limits>
 #include <optional>
-#include <sstream>
 #include <stdexcept>
 #include <utility>
 
+#include "output/output_stream.hpp"
 #include "property/text_file.hpp"
 
 namespace {
@@ -36,6 +36,13 @@ std::int32_t to_int32(const std::string& word) {
     return static_cast<std::int32_t>(number);
 }
 
+/** At most six significant digits, and no zeros behind them. */
+std::string general(double number) {
+    char text[16]; // -1.23457e+308
+    std::snprintf(text, sizeof text, "%g", number);
+    return text;
+}
+
 } // namespace
 
 property_regulator_voltage::property_regulator_voltage(std::string property_name, std::string path,
@@ -51,9 +58,7 @@ bool property_regulator_voltage::set(const std::string& value) {
     if (value.size() >= 2 && value.back() == '%') {
         const double percent = std::stod(value);
         if (percent > m_max_percent || percent < m_min_percent) {
-            std::ostringstream message;
-            message << "percentage " << percent << "%: out of range\n";
-            std::cerr << message.str() << std::flush;
+            standard_error().print_line("percentage " + general(percent) + "%: out of range");
             return false;
         }
         // Multiplied first: divided first, 103.75% of 800000 would come out above 830000.
@@ -63,9 +68,9 @@ bool property_regulator_voltage::set(const std::string& value) {
     }
     const std::uint32_t microvolts = to_microvolts(std::ceil(target / voltage_step) * voltage_step);
     if (microvolts < m_min_uv || microvolts > m_max_uv) {
-        std::cerr << std::to_string(microvolts) + "mv: out of range(" + std::to_string(m_min_uv) +
-                         "-" + std::to_string(m_max_uv) + ")\n"
-                  << std::flush;
+        standard_error().print_line(std::to_string(microvolts) + "mv: out of range(" +
+                                    std::to_string(m_min_uv) + "-" + std::to_string(m_max_uv) +
+                                    ")");
         return false;
     }
     _fileintwrite(m_path + microvolts_file, static_cast<std::int32_t>(microvolts));

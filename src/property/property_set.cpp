@@ -1,8 +1,9 @@
 #include "property/property_set.hpp"
 
 #include <cstddef>
-#include <iostream>
 #include <utility>
+
+#include "output/output_stream.hpp"
 
 namespace {
 
@@ -39,15 +40,14 @@ property_set::property_set(std::string property_name, std::vector<std::string> m
 bool property_set::set(const std::string& value) {
     const std::vector<std::string> values = member_values(value, m_members.size());
     if (values.size() != m_members.size()) {
-        std::cerr << std::to_string(values.size()) + " != " + std::to_string(m_members.size()) +
-                         "\n"
-                  << std::flush;
+        standard_error().print_line(std::to_string(values.size()) +
+                                    " != " + std::to_string(m_members.size()));
         return false;
     }
     for (std::size_t i = 0; i < m_members.size(); ++i) {
         property* member = get_property(m_members[i]);
         if (member == nullptr || !member->set(values[i])) {
-            std::cerr << "set failed\n" << std::flush;
+            standard_error().print_line("set failed");
             return false;
         }
     }

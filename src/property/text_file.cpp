@@ -1,22 +1,89 @@
 #include "property/text_file.hpp"
 
-#include <fstream>
+#include <cctype>
+#include <cerrno>
+#include <span>
+#include <string_view>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+/** A file that is open, or could not be opened, for as long as the object lives. */
+class open_file {
+public:
+    open_file(const std::string& path, int flags) : m_fd(open(path.c_str(), flags, 0666)) {}
+    ~open_file() {
+        if (is_open()) {
+            close(m_fd);
+        }
+    }
+    open_file(const open_file&) = delete;
+    open_file& operator=(const open_file&) = delete;
+
+    bool is_open() const { return m_fd >= 0; }
+
+    /** What comes next, up to the buffer's size; nothing at the end, and after an error. */
+    std::string_view read_next(std::span<char> buffer) const {
+        const ssize_t size = again([&] { return read(m_fd, buffer.data(), buffer.size()); });
+        return {buffer.data(), size > 0 ? static_cast<std::size_t>(size) : 0};
+    }
+
+    /** Writes all of a text, or as much as can be written. */
+    void write_all(std::string_view text) const {
+        while (!text.empty()) {
+            const ssize_t size = again([&] { return write(m_fd, text.data(), text.size()); });
+            if (size <= 0) {
+                return;
+            }
+            text.remove_prefix(static_cast<std::size_t>(size));
+        }
+    }
+
+private:
+    /** The result of a call, made again as long as a signal interrupts it. */
+    template <class Call>
+    static ssize_t again(const Call& call) {
+        ssize_t result = call();
+        while (result < 0 && errno == EINTR) {
+            result = call();
+        }
+        return result;
+    }
+
+    int m_fd;
+};
+
+} // namespace
 
 std::optional<std::string> first_word(const std::string& path) {
-    std::ifstream file(path);
+    const open_file file(path, O_RDONLY);
     if (!file.is_open()) {
         return std::nullopt;
     }
     std::string word;
-    file >> word;
-    return word;
+    char buffer[64]; // such a file holds one number
+    for (;;) {
+        const std::string_view text = file.read_next(buffer);
+        if (text.empty()) {
+            return word;
+        }
+        for (const char c : text) {
+            if (std::isspace(static_cast<unsigned char>(c)) == 0) {
+                word += c;
+            } else if (!word.empty()) {
+                return word;
+            }
+        }
+    }
 }
 
 bool replace_contents(const std::string& path, const std::string& text) {
-    std::ofstream file(path);
+    const open_file file(path, O_WRONLY | O_CREAT | O_TRUNC);
     if (!file.is_open()) {
         return false;
     }
-    file << text;
+    file.write_all(text);
     return true;
 }

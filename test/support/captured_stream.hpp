@@ -1,22 +1,35 @@
 #pragma once
 
-#include <ostream>
-#include <sstream>
+#include <cstdio>
+#include <cstdlib>
 #include <string>
 
-/** Catches what is written to a standard stream, such as std::cerr, while the object lives. */
+#include "output/output_stream.hpp"
+
+/** Catches what is written to a standard stream while the object lives. */
 class captured_stream {
 public:
-    explicit captured_stream(std::ostream& stream)
-        : m_stream(stream), m_original(stream.rdbuf(m_caught.rdbuf())) {}
-    ~captured_stream() { m_stream.rdbuf(m_original); }
+    explicit captured_stream(output_stream& stream)
+        : m_stream(stream), m_caught(open_memstream(&m_text, &m_size)),
+          m_original(stream.redirect(m_caught)) {}
+    ~captured_stream() {
+        m_stream.redirect(m_original);
+        std::fclose(m_caught);
+        std::free(m_text);
+    }
     captured_stream(const captured_stream&) = delete;
     captured_stream& operator=(const captured_stream&) = delete;
 
-    std::string text() const { return m_caught.str(); }
+    std::string text() const {
+        std::fflush(m_caught);
+        return {m_text, m_size};
+    }
 
 private:
-    std::ostringstream m_caught;
-    std::ostream& m_stream;
-    std::streambuf* m_original;
+    output_stream& m_stream;
+    // Of m_caught, which sets them when it is flushed.
+    char* m_text = nullptr;
+    std::size_t m_size = 0;
+    std::FILE* m_caught;
+    std::FILE* m_original;
 };

@@ -1,27 +1,23 @@
 #pragma once
 
-#include <iostream>
-#include <sstream>
+#include <cstdio>
 #include <string>
 #include <vector>
 
-/**
- * Catches both standard streams in one sequence, cut where they are flushed.
- *
- * Standard error flushes itself after every insertion, and standard output before; both is off
- * while the object lives, so that only the flushes that the program asks for count.
- */
-class flush_log : private std::stringbuf {
+#include <sys/types.h>
+
+#include "output/output_stream.hpp"
+
+/** Catches both standard streams in one sequence, cut where they are flushed. */
+class flush_log {
 public:
-    flush_log() : m_cout(std::cout.rdbuf(this)), m_cerr(std::cerr.rdbuf(this)) {
-        std::cerr << std::nounitbuf;
-        std::cerr.tie(nullptr);
-    }
-    ~flush_log() override {
-        std::cerr.tie(&std::cout);
-        std::cerr << std::unitbuf;
-        std::cerr.rdbuf(m_cerr);
-        std::cout.rdbuf(m_cout);
+    flush_log()
+        : m_file(fopencookie(this, "w", {nullptr, take_piece, nullptr, nullptr})),
+          m_out(standard_output().redirect(m_file)), m_err(standard_error().redirect(m_file)) {}
+    ~flush_log() {
+        standard_error().redirect(m_err);
+        standard_output().redirect(m_out);
+        std::fclose(m_file);
     }
     flush_log(const flush_log&) = delete;
     flush_log& operator=(const flush_log&) = delete;
@@ -30,13 +26,13 @@ public:
     const std::vector<std::string>& pieces() const { return m_pieces; }
 
 private:
-    int sync() override {
-        m_pieces.push_back(str());
-        str("");
-        return 0;
+    static ssize_t take_piece(void* log, const char* text, std::size_t size) {
+        static_cast<flush_log*>(log)->m_pieces.emplace_back(text, size);
+        return static_cast<ssize_t>(size);
     }
 
-    std::streambuf* m_cout;
-    std::streambuf* m_cerr;
     std::vector<std::string> m_pieces;
+    std::FILE* m_file; // with a buffer of its own, so that only flushes empty it
+    std::FILE* m_out;
+    std::FILE* m_err;
 };

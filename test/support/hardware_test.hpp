@@ -1,11 +1,11 @@
 #pragma once
 
-#include <iostream>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "output/output_stream.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
 #include "support/captured_stream.hpp"
@@ -31,6 +31,6 @@ protected:
     std::string output() const { return m_cout.text(); }
 
 private:
-    captured_stream m_cerr{std::cerr};
-    captured_stream m_cout{std::cout};
+    captured_stream m_cerr{standard_error()};
+    captured_stream m_cout{standard_output()};
 };

@@ -2,13 +2,13 @@
 
 #include "cli/actions.hpp"
 
-#include <iostream>
 #include <map>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "output/output_stream.hpp"
 #include "property/property_group.hpp"
 #include "support/fake_property.hpp"
 #include "support/field_properties.hpp"
@@ -49,7 +49,7 @@ TEST_F(Actions, StatusesAreThoseThatScriptsKnow) {
 
 TEST_F(Actions, PrintWritesTheTextAsItIs) {
     print("Not supported yet.");
-    EXPECT_TRUE(std::cout.good());
+    EXPECT_FALSE(standard_output().bad());
     print("");
     EXPECT_EQ(output(), "Not supported yet.");
     EXPECT_EQ(messages(), "");
@@ -57,8 +57,8 @@ TEST_F(Actions, PrintWritesTheTextAsItIs) {
 
 TEST_F(Actions, PrintOfANullPointerSetsTheBadBit) {
     print(nullptr);
-    const bool bad = std::cout.bad();
-    std::cout.clear();
+    const bool bad = standard_output().bad();
+    standard_output().clear();
     EXPECT_TRUE(bad);
     EXPECT_EQ(output(), "");
     print("good again");

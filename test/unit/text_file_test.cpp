@@ -1,0 +1,82 @@
+// Files as sysfs and debugfs have them, and others that may lie in their places.
+
+#include "property/text_file.hpp"
+
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "support/temp_dir.hpp"
+#include "support/text_file.hpp"
+
+namespace {
+
+class TextFile : public testing::Test {
+protected:
+    std::optional<std::string> first_word_of(const std::string& text) const {
+        write_text(path, text);
+        return first_word(path);
+    }
+
+    const temp_dir dir;
+    const std::string path = dir.file("file");
+};
+
+TEST_F(TextFile, FirstWordEndsAtWhiteSpaceOrWithTheFile) {
+    EXPECT_EQ(first_word_of("800000\n"), "800000");
+    EXPECT_EQ(first_word_of("800000"), "800000");
+    EXPECT_EQ(first_word_of("one two"), "one");
+    for (const char space : {' ', '\t', '\n', '\v', '\f', '\r'}) {
+        EXPECT_EQ(first_word_of(space + std::string("word") + space + "next"), "word");
+    }
+}
+
+TEST_F(TextFile, FirstWordOfAFileWithoutAnyIsEmpty) {
+    EXPECT_EQ(first_word_of(""), "");
+    EXPECT_EQ(first_word_of(" \n\t"), "");
+    EXPECT_EQ(first_word_of(std::string(1000, ' ')), "");
+    EXPECT_EQ(first_word(dir.file("")), ""); // a folder can be opened, but not read
+}
+
+TEST_F(TextFile, FirstWordMayBeLongAndMayBeginLate) {
+    const std::string spaces(1000, '\n');
+    for (std::size_t size = 50; size < 150; ++size) {
+        const std::string word(size, 'x');
+        EXPECT_EQ(first_word_of(word), word);
+        EXPECT_EQ(first_word_of(word + " y"), word);
+        EXPECT_EQ(first_word_of(spaces + word + "\n"), word);
+    }
+}
+
+TEST_F(TextFile, CharactersBeyondAsciiAndNulBelongToAWord) {
+    EXPECT_EQ(first_word_of("\xff\xa0\x85 x"), "\xff\xa0\x85");
+    EXPECT_EQ(first_word_of(std::string("1\0002 3", 5)), std::string("1\0002", 3));
+}
+
+TEST_F(TextFile, FileThatIsNotThereHasNoFirstWord) {
+    EXPECT_EQ(first_word(dir.file("none")), std::nullopt);
+}
+
+TEST_F(TextFile, ContentsAreReplacedAsAWhole) {
+    write_text(path, "a long text of before\n");
+    EXPECT_TRUE(replace_contents(path, "12"));
+    EXPECT_EQ(text_of(path), "12");
+    EXPECT_TRUE(replace_contents(path, ""));
+    EXPECT_EQ(text_of(path), "");
+    EXPECT_TRUE(replace_contents(path, std::string(100000, '9')));
+    EXPECT_EQ(text_of(path), std::string(100000, '9'));
+}
+
+TEST_F(TextFile, FileThatIsNotThereIsMade) {
+    EXPECT_TRUE(replace_contents(path, "12"));
+    EXPECT_EQ(text_of(path), "12");
+    EXPECT_FALSE(replace_contents(dir.file("no/folder"), "12"));
+    EXPECT_FALSE(replace_contents(dir.file(""), "12"));
+}
+
+TEST_F(TextFile, WriteThatADeviceRefusesGoesUnnoticed) {
+    EXPECT_TRUE(replace_contents("/dev/full", "12"));
+}
+
+} // namespace
