@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <new>
 
 #include <sys/mman.h>
@@ -11,9 +10,8 @@
  *
  * With the C library's allocator, taking and giving back those objects is half the cost of a run,
  * and every page of them is a page fault. Here blocks are cut from the front of a chunk that the
- * kernel has filled with pages in one call. A block that is given back is used again only if it
- * was the last one cut and the compiler tells its size, as with most temporary texts. Memory that
- * runs out raises bad_alloc. For one thread only.
+ * kernel has filled with pages in one call. A block that is given back is not used again: the end
+ * of the process is near. Memory that runs out raises bad_alloc. For one thread only.
  */
 
 namespace {
@@ -70,10 +68,4 @@ void* operator new(std::size_t size) {
 
 void operator delete(void*) noexcept {}
 
-void operator delete(void* block, std::size_t size) noexcept {
-    // By number, since null is deleted, too, and is in no chunk.
-    const auto end = reinterpret_cast<std::uintptr_t>(block) + aligned(size);
-    if (end == reinterpret_cast<std::uintptr_t>(chunk_begin)) {
-        chunk_begin = static_cast<std::byte*>(block);
-    }
-}
+void operator delete(void*, std::size_t) noexcept {}
