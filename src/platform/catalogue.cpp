@@ -1,5 +1,6 @@
 #include "platform/catalogue.hpp"
 
+#include "platform/orlin/dq_lanes.hpp"
 #include "platform/orlin/reg_bitmask_dq.hpp"
 #include "platform/orlin/reg_info_orlin_ddr.hpp"
 #include "platform/orlin/reg_info_orlin_dq.hpp"
@@ -19,6 +20,7 @@
 
 namespace {
 
+using orlin::dq_lanes;
 using orlin::reg_bitmask_dq;
 using orlin::reg_info_orlin_ddr;
 using orlin::reg_info_orlin_dq;
@@ -41,7 +43,7 @@ constexpr unsigned int write_data = 0x1A0;
 // clang-format off
 
 // DQ delays:         bits  name   description  lane's part of the selector
-field_list<reg_bitmask_dq> dq_read_fields = {
+const dq_lanes dq_read_fields = {
     new reg_bitmask_dq(6, 0, "dq0", "no desc", 0x000),
     new reg_bitmask_dq(6, 0, "dq1", "no desc", 0x100),
     new reg_bitmask_dq(6, 0, "dq2", "no desc", 0x200),
@@ -52,7 +54,7 @@ field_list<reg_bitmask_dq> dq_read_fields = {
     new reg_bitmask_dq(6, 0, "dq7", "no desc", 0x700),
 };
 
-field_list<reg_bitmask_dq> dq_write_fields = {
+const dq_lanes dq_write_fields = {
     new reg_bitmask_dq(6, 0, "dq0", "no desc", 0x000),
     new reg_bitmask_dq(6, 0, "dq1", "no desc", 0x100),
     new reg_bitmask_dq(6, 0, "dq2", "no desc", 0x200),
@@ -88,7 +90,7 @@ field_list<reg_bitmask_map> ddr_io_fields = {
 };
 
 reg_info* dq(const char* name, unsigned int selector, unsigned int phy, unsigned int data,
-             field_list<reg_bitmask_dq>& lanes) {
+             const dq_lanes& lanes) {
     return new reg_info_orlin_dq(name, selector, phy + select, phy + data, lanes);
 }
 

@@ -2,11 +2,10 @@
 
 #include <atomic>
 #include <initializer_list>
-#include <map>
 #include <string>
 #include <utility>
 
-class reg_subval;
+#include "reg/field_map.hpp"
 
 /**
  * One 32-bit hardware register at a physical address, with a cached word and named fields.
@@ -65,9 +64,12 @@ protected:
 
 public:
     /** The fields by name; not owned. */
-    std::map<std::string, reg_subval*> m_subvals;
+    field_map m_subvals;
 
 protected:
+    /** For kinds that have a map of their fields already; owned by `info_garbages`. */
+    reg_info(std::string name, unsigned int address, const field_map& fields);
+
     /** True once `load` has filled the cache. */
     bool m_loaded;
 };
@@ -75,11 +77,7 @@ protected:
 template <class T>
 reg_info::reg_info(std::string name, unsigned int address, std::initializer_list<T*> fields,
                    bool garbage)
-    : m_name(std::move(name)), m_addr(address), m_loaded(false) {
-    for (T* field : fields) {
-        // Lists mostly ascend: at the end is where the field belongs.
-        m_subvals.emplace_hint(m_subvals.end(), field->get_name(), field)->second = field;
-    }
+    : m_name(std::move(name)), m_addr(address), m_subvals(fields_by_name(fields)), m_loaded(false) {
     if (garbage) {
         add_garbage();
     }

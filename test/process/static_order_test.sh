@@ -16,10 +16,14 @@ cat >"$work/expected" <<'END'
 + info_garbages
 + property::properties
 + property_group::property_groups
++ dq_read_fields
++ dq_write_fields
 + orlin::_drv_map
 + orlin::_odt_map
 - orlin::_odt_map
 - orlin::_drv_map
+- dq_write_fields
+- dq_read_fields
 - property_group::property_groups
 - property::properties
 - info_garbages
@@ -28,7 +32,7 @@ END
 
 # Replaces addresses by names.
 name_objects() {
-    nm -C "$work/program" | sed -n 's/^0*\([0-9a-f]*\) [bBdDuVvWw] /0x\1 /p' >"$work/symbols"
+    nm -C "$work/program" | sed -n 's/(anonymous namespace):://; s/^0*\([0-9a-f]*\) [bBdDuVvWw] /0x\1 /p' >"$work/symbols"
     awk 'NR == FNR { sub(/\[abi:[a-z0-9]*\]/, "", $2); name[$1] = $2; next }
          /^[+-] 0x/ { print $1, ($2 in name ? name[$2] : $2) }' "$work/symbols" "$1"
 }

@@ -48,6 +48,25 @@ TEST_F(RegInfoOrlinDq, IsAlwaysOwnedAndTouchesNoHardwareWhenBuilt) {
     EXPECT_THAT(fake_memory::log, IsEmpty());
 }
 
+TEST_F(RegInfoOrlinDq, RegistersWithTheSameLanesKeepWordsOfTheirOwn) {
+    const orlin::dq_lanes lanes = {m_dq3, m_dq1};
+    auto* first = new orlin::reg_info_orlin_dq("first", 7, sel, data, lanes);
+    auto* second = new orlin::reg_info_orlin_dq("second", 14, sel, data, lanes);
+    EXPECT_TRUE(m_dq3->set(first, 5));
+    second->commit();
+    EXPECT_THAT(value_of(m_dq3, *second), Optional(0x46U));
+    EXPECT_THAT(value_of(m_dq3, *first), Optional(5U));
+    EXPECT_EQ(second->m_subvals, first->m_subvals);
+    EXPECT_THAT(fake_memory::log, ElementsAre(write(sel, 0x307), read(data, 0x12345646), //
+                                              write(sel, 0x30e), read(data, 0x12345646)));
+}
+
+TEST_F(RegInfoOrlinDq, OfTwoLanesWithOneNameTheLaterIsListed) {
+    orlin::reg_bitmask_dq* const other_dq3 = lane(3);
+    EXPECT_THAT(slice(7, {m_dq3, other_dq3, m_dq1})->m_subvals,
+                ElementsAre(Pair("dq1", m_dq1), Pair("dq3", other_dq3)));
+}
+
 TEST_F(RegInfoOrlinDq, ReadingALaneSelectsItAndReadsItOnce) {
     EXPECT_THAT(value_of(m_dq3, *m_register), Optional(0x46U));
     EXPECT_THAT(fake_memory::log, ElementsAre(write(sel, 0x307), read(data, 0x12345646)));

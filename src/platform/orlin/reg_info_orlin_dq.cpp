@@ -8,15 +8,10 @@ namespace orlin {
 
 reg_info_orlin_dq::reg_info_orlin_dq(std::string name, unsigned int sel_value,
                                      unsigned int sel_addr, unsigned int data_addr,
-                                     std::initializer_list<reg_bitmask_dq*> fields)
-    : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr, fields) {
+                                     const dq_lanes& lanes)
+    : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr, lanes.by_name),
+      m_dq_values(lanes.words), m_dq_loaded(lanes.flags), m_dq_dirty(lanes.flags) {
     m_loaded = true; // the read path of the single word never runs for this kind
-    // Fields built one after the other mostly lie so in memory, too: they belong at the end.
-    for (reg_bitmask_dq* field : fields) {
-        m_dq_values.emplace_hint(m_dq_values.end(), field, 0);
-        m_dq_loaded.emplace_hint(m_dq_loaded.end(), field, false);
-    }
-    m_dq_dirty = m_dq_loaded;
 }
 
 void reg_info_orlin_dq::commit() {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <initializer_list>
 #include <map>
 #include <string>
 
+#include "platform/orlin/dq_lanes.hpp"
 #include "platform/orlin/reg_bitmask_dq.hpp"
 #include "platform/orlin/reg_info_orlin_ddr.hpp"
 
@@ -17,9 +17,9 @@ namespace orlin {
  */
 class reg_info_orlin_dq : public reg_info_orlin_ddr {
 public:
-    /** The parameters are those of `reg_info_orlin_ddr`. */
+    /** The parameters are those of `reg_info_orlin_ddr`; no lane has been read or stored yet. */
     reg_info_orlin_dq(std::string name, unsigned int sel_value, unsigned int sel_addr,
-                      unsigned int data_addr, std::initializer_list<reg_bitmask_dq*> fields);
+                      unsigned int data_addr, const dq_lanes& lanes);
 
     /**
      * Writes every field that was ever stored, in ascending order of the names. Each takes four
