@@ -12,7 +12,7 @@
 #include "platform/orlin/reg_info_orlin_dq.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
-#include "property/property_name.hpp"
+#include "property/property_names.hpp"
 #include "property/property_register.hpp"
 #include "property/property_set.hpp"
 #include "reg/reg_info.hpp"
@@ -65,12 +65,12 @@ reg_info* copy_of(const reg_info* reg, const std::string& name) {
 }
 
 void register_set(property_group* group, const reg_info* reg) {
+    property_names names(reg->m_name);
     std::vector<std::string> members;
     for (const auto& [field_name, field] : reg->m_subvals) {
-        members.push_back(property_name(reg->m_name, field_name));
+        members.push_back(names.of(field_name));
     }
-    property::register_property(
-        group, new property_set(property_name(reg->m_name, "dq"), std::move(members)));
+    property::register_property(group, new property_set(names.of("dq"), std::move(members)));
 }
 
 /** Registers every STRIDE-th register of a list under its name with `suffix`. */

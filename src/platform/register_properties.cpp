@@ -4,40 +4,45 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/catalogue.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
-#include "property/property_name.hpp"
+#include "property/property_names.hpp"
 #include "property/property_register.hpp"
 #include "property/property_set.hpp"
+#include "property/registration.hpp"
 
 namespace {
 
-using texts = std::span<const char* const>;
+using texts = std::span<const std::string_view>;
 
 // Registers whose DQ lanes are also shown as one set, without the chip's prefix.
-constexpr const char* orlin_ddra_read[] = {"ddra-read0", "ddra-read1", "ddra-read2", "ddra-read3"};
-constexpr const char* orlin_ddra_write[] = {"ddra-write0", "ddra-write1", "ddra-write2",
-                                            "ddra-write3"};
-constexpr const char* orlin_ddrb_read[] = {"ddrb-read0", "ddrb-read1", "ddrb-read2", "ddrb-read3",
-                                           "ddrb-read4", "ddrb-read5", "ddrb-read6", "ddrb-read7"};
-constexpr const char* orlin_ddrb_write[] = {"ddrb-write0", "ddrb-write1", "ddrb-write2",
-                                            "ddrb-write3", "ddrb-write4", "ddrb-write5",
-                                            "ddrb-write6", "ddrb-write7"};
-constexpr const char* pelune_ddr_read[] = {"ddr-read0", "ddr-read1", "ddr-read2", "ddr-read3"};
-constexpr const char* pelune_ddr_write[] = {"ddr-write0", "ddr-write1", "ddr-write2", "ddr-write3"};
+constexpr std::string_view orlin_ddra_read[] = {"ddra-read0", "ddra-read1", "ddra-read2",
+                                                "ddra-read3"};
+constexpr std::string_view orlin_ddra_write[] = {"ddra-write0", "ddra-write1", "ddra-write2",
+                                                 "ddra-write3"};
+constexpr std::string_view orlin_ddrb_read[] = {"ddrb-read0", "ddrb-read1", "ddrb-read2",
+                                                "ddrb-read3", "ddrb-read4", "ddrb-read5",
+                                                "ddrb-read6", "ddrb-read7"};
+constexpr std::string_view orlin_ddrb_write[] = {"ddrb-write0", "ddrb-write1", "ddrb-write2",
+                                                 "ddrb-write3", "ddrb-write4", "ddrb-write5",
+                                                 "ddrb-write6", "ddrb-write7"};
+constexpr std::string_view pelune_ddr_read[] = {"ddr-read0", "ddr-read1", "ddr-read2", "ddr-read3"};
+constexpr std::string_view pelune_ddr_write[] = {"ddr-write0", "ddr-write1", "ddr-write2",
+                                                 "ddr-write3"};
 
-constexpr const char* read_lanes[] = {"dq0", "dq1", "dq2", "dq3", "dq4", "dq5", "dq6", "dq7"};
-constexpr const char* write_lanes[] = {"dq0", "dq1", "dq2", "dq3", "dq4",
-                                       "dq5", "dq6", "dq7", "dq8"};
+constexpr std::string_view read_lanes[] = {"dq0", "dq1", "dq2", "dq3", "dq4", "dq5", "dq6", "dq7"};
+constexpr std::string_view write_lanes[] = {"dq0", "dq1", "dq2", "dq3", "dq4",
+                                            "dq5", "dq6", "dq7", "dq8"};
 
 void register_fields(const char* group_name, std::initializer_list<reg_info*> registers) {
-    property_group* group = property_group::register_property_group(group_name);
+    registration run(property_group::register_property_group(group_name));
     for (reg_info* reg : registers) {
-        property_register::register_as_property(group, reg);
+        property_register::register_as_property(run, reg);
     }
 }
 
@@ -50,15 +55,14 @@ void register_all(const char* group_name, std::initializer_list<property*> prope
 /** One set per register: prefix + register + "::" + suffix, over its lanes in their order. */
 void register_property_sets(const std::string& group_name, const std::string& prefix,
                             texts registers, const std::string& suffix, texts lanes) {
-    for (const char* reg : registers) {
-        const std::string register_name = prefix + reg;
+    for (const std::string_view reg : registers) {
+        property_names names(std::string(prefix).append(reg));
         std::vector<std::string> members;
         members.reserve(lanes.size());
-        for (const char* lane : lanes) {
-            members.push_back(property_name(register_name, lane));
+        for (const std::string_view lane : lanes) {
+            members.push_back(names.of(lane));
         }
-        auto set = std::make_unique<property_set>(property_name(register_name, suffix),
-                                                  std::move(members));
+        auto set = std::make_unique<property_set>(names.of(suffix), std::move(members));
         if (property::register_property(group_name, set.get()) != nullptr) {
             static_cast<void>(set.release()); // the registry owns it now
         }

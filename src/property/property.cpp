@@ -1,11 +1,8 @@
 #include "property/property.hpp"
 
-#include <utility>
-
 #include "property/property_group.hpp"
-#include "property/registration.hpp"
 
-property::property(std::string property_name) : name(std::move(property_name)) {}
+property::property(const std::string& property_name) : name(property_name) {}
 
 void property::get_help(std::string& help) {
     help = "no help.";
@@ -23,7 +20,16 @@ property* property::get_property(const std::string& name) {
 }
 
 property* property::register_property(property_group* group, property* p) {
-    return registration(group).add(p);
+    const auto [entry, is_new] = properties.emplace(p->name, p);
+    if (!is_new) {
+        return nullptr;
+    }
+    try {
+        return group->add_property(p);
+    } catch (...) {
+        properties.erase(entry); // no memory for the member: p stays with its caller
+        throw;
+    }
 }
 
 property* property::register_property(const std::string& group_name, property* p) {

@@ -17,7 +17,7 @@ class property_group;
 class property {
 public:
     /** @param property_name unique name, the key in the registry; `m_auto_delete` starts true */
-    explicit property(std::string property_name);
+    explicit property(const std::string& property_name);
     property(const property&) = delete;
     property& operator=(const property&) = delete;
 

@@ -27,8 +27,8 @@ void report_open_failure(const std::string& path) {
 } // namespace
 
 template <class T>
-property_file<T>::property_file(std::string property_name, std::string path, T min, T max)
-    : property(std::move(property_name)), m_path(std::move(path)), m_min(min), m_max(max) {
+property_file<T>::property_file(const std::string& property_name, std::string path, T min, T max)
+    : property(property_name), m_path(std::move(path)), m_min(min), m_max(max) {
     property_file::read_update();
 }
 

@@ -20,7 +20,7 @@ public:
      * Reads the file at once (see `read_update`).
      * @param min, max the legal range, both inclusive
      */
-    property_file(std::string property_name, std::string path, T min, T max);
+    property_file(const std::string& property_name, std::string path, T min, T max);
 
     /**
      * Sets the value, absolutely or (a text of more than one character that begins with "+" or

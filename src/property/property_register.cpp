@@ -4,10 +4,9 @@
 #include <iterator>
 #include <memory>
 #include <stdexcept>
-#include <utility>
 
 #include "output/output_stream.hpp"
-#include "property/property_name.hpp"
+#include "property/property_names.hpp"
 #include "property/registration.hpp"
 #include "reg/reg_info.hpp"
 #include "reg/reg_subval.hpp"
@@ -39,15 +38,21 @@ std::string format(unsigned int value) {
 
 } // namespace
 
-property_register::property_register(std::string property_name, reg_info* reg, reg_subval* subval)
-    : property(std::move(property_name)), m_reg(reg), m_subval(subval) {}
+property_register::property_register(const std::string& property_name, reg_info* reg,
+                                     reg_subval* subval)
+    : property(property_name), m_reg(reg), m_subval(subval) {}
 
 void property_register::register_as_property(property_group* group, reg_info* reg) {
-    registration fields(group);
+    registration run(group);
+    register_as_property(run, reg);
+}
+
+void property_register::register_as_property(registration& run, reg_info* reg) {
+    property_names names(reg->m_name);
     for (const auto& [field_name, field] : reg->m_subvals) {
         std::unique_ptr<property_register> p(
-            new property_register(property_name(reg->m_name, field_name), reg, field));
-        if (fields.add(p.get()) == nullptr) {
+            new property_register(names.of(field_name), reg, field));
+        if (run.add(p.get()) == nullptr) {
             standard_error().print_line("property " + p->name + " is already registered.");
             continue;
         }

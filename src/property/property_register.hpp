@@ -7,6 +7,7 @@
 class property_group;
 class reg_info;
 class reg_subval;
+class registration;
 
 /**
  * One field of one hardware register as a property.
@@ -25,6 +26,9 @@ public:
      * @param reg   not owned; it and its fields outlive the properties
      */
     static void register_as_property(property_group* group, reg_info* reg);
+
+    /** The same for one of several registers, each of which goes on behind the one before. */
+    static void register_as_property(registration& run, reg_info* reg);
 
     /**
      * Writes the field: by a signed 64-bit step when the text begins with "+" or "-", otherwise
@@ -47,5 +51,5 @@ public:
     reg_subval* const m_subval;
 
 private:
-    property_register(std::string property_name, reg_info* reg, reg_subval* subval);
+    property_register(const std::string& property_name, reg_info* reg, reg_subval* subval);
 };

@@ -45,9 +45,10 @@ std::string general(double number) {
 
 } // namespace
 
-property_regulator_voltage::property_regulator_voltage(std::string property_name, std::string path,
-                                                       double min_percent, double max_percent)
-    : property(std::move(property_name)), m_path(std::move(path)), m_min_percent(min_percent),
+property_regulator_voltage::property_regulator_voltage(const std::string& property_name,
+                                                       std::string path, double min_percent,
+                                                       double max_percent)
+    : property(property_name), m_path(std::move(path)), m_min_percent(min_percent),
       m_max_percent(max_percent) {}
 
 bool property_regulator_voltage::set(const std::string& value) {

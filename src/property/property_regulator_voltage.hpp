@@ -19,8 +19,8 @@ public:
      * @param min_percent, max_percent the percentages of the base voltage that `set` accepts,
      *        both inclusive
      */
-    property_regulator_voltage(std::string property_name, std::string path, double min_percent,
-                               double max_percent);
+    property_regulator_voltage(const std::string& property_name, std::string path,
+                               double min_percent, double max_percent);
 
     /**
      * Sets a voltage in microvolts or, with a "%" at the end, as a percentage of the base.

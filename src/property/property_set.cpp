@@ -34,8 +34,8 @@ std::vector<std::string> member_values(const std::string& text, std::size_t coun
 
 } // namespace
 
-property_set::property_set(std::string property_name, std::vector<std::string> members)
-    : property(std::move(property_name)), m_members(std::move(members)) {}
+property_set::property_set(const std::string& property_name, std::vector<std::string> members)
+    : property(property_name), m_members(std::move(members)) {}
 
 bool property_set::set(const std::string& value) {
     const std::vector<std::string> values = member_values(value, m_members.size());

@@ -13,7 +13,7 @@
 class property_set : public property {
 public:
     /** @param members registry names, in the order of the values; duplicates are kept */
-    property_set(std::string property_name, std::vector<std::string> members);
+    property_set(const std::string& property_name, std::vector<std::string> members);
 
     /**
      * Sets the members, in order. A braced list holds one value per member, not trimmed; any

@@ -3,11 +3,13 @@
 #include "property/property_register.hpp"
 
 #include <initializer_list>
+#include <memory>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "property/registration.hpp"
 #include "support/fake_property.hpp"
 #include "support/field_properties.hpp"
 #include "support/flush_log.hpp"
@@ -65,6 +67,34 @@ TEST_F(RegisterFields, AreNoneOfAnEmptyRegister) {
     EXPECT_THAT(property::properties, IsEmpty());
     EXPECT_THAT(m_group.m_properties, IsEmpty());
     EXPECT_EQ(messages(), "");
+}
+
+TEST_F(RegisterFields, OfRegistersInOneRunNeedComeInNoOrder) {
+    std::vector<std::unique_ptr<reg_info>> registers;
+    for (const char* name : {"m", "p", "a", "z", "n", "n1", "n-"}) {
+        registers.push_back(std::make_unique<reg_info>(
+            name, 0x10000000, std::initializer_list<reg_bitmask*>{}, false));
+        registers.back()->m_subvals = m_reg.m_subvals;
+    }
+    registration run(&m_group);
+    for (const auto& reg : registers) {
+        property_register::register_as_property(run, reg.get());
+    }
+    std::vector<std::string> names;
+    for (const auto& [name, p] : property::properties) {
+        EXPECT_EQ(p->name, name);
+        names.push_back(name);
+    }
+    EXPECT_THAT(names, ElementsAre("a::a", "a::b", "m::a", "m::b", "n-::a", "n-::b", "n1::a",
+                                   "n1::b", "n::a", "n::b", "p::a", "p::b", "z::a", "z::b"));
+    EXPECT_EQ(m_group.m_properties, property::properties);
+    EXPECT_EQ(messages(), "");
+
+    property_register::register_as_property(run, registers.front().get());
+    EXPECT_EQ(messages(), "property m::a is already registered.\n"
+                          "property m::b is already registered.\n");
+    EXPECT_EQ(property::properties.size(), names.size());
+    EXPECT_EQ(m_group.m_properties, property::properties);
 }
 
 TEST_F(RegisterFields, TakenNameIsReportedAndTheWalkGoesOn) {
