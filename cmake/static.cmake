@@ -8,5 +8,9 @@ unset(CMAKE_POSITION_INDEPENDENT_CODE)
 add_compile_options(-fno-pie)
 add_link_options(-static)
 
+# The program is compiled as a whole, and calls what it brings along without a detour.
+set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+add_compile_options(-fno-plt)
+
 # Sections that nothing refers to are most of what the C++ library would bring along.
 add_link_options(-s -Wl,--gc-sections)
