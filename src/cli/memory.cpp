@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::size_t alignment = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
-/** An ordinary run takes a handful of chunks on a 64-bit host, and half as many on a 32-bit one. */
-constexpr std::size_t chunk_size = 0x10000;
+/** What an ordinary run takes, 62 pages on a 64-bit host and 39 on a 32-bit one, in one call. */
+constexpr std::size_t chunk_size = sizeof(void*) == 8 ? 0x40000 : 0x28000;
 
 // Constant-initialised: the first blocks are cut before any constructor of the program runs.
 constinit std::byte* chunk_begin = nullptr;
