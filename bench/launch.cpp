@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <random>
 #include <vector>
 
 #include <fcntl.h>
@@ -15,8 +16,9 @@
  * launch ROUNDS OUTPUT COMMAND...
  *
  * Runs every command ROUNDS times with an empty environment and its output in the file OUTPUT: all
- * of them once, then all of them again, so that a slow moment of the machine meets each alike. A
- * command is one argument, a program's path and its words with single blanks between them.
+ * of them once, then all of them again in another order, so that a slow moment of the machine meets
+ * each alike. A command is one argument, a program's path and its words with single blanks between
+ * them.
  *
  * Prints a line per command: the median of its wall times in nanoseconds, its peak resident memory
  * in KiB, and its page faults as getrusage counts them. A command that cannot start or is killed
@@ -97,10 +99,17 @@ int main(int argc, char* argv[]) {
     for (int i = 3; i < argc; ++i) {
         commands.push_back(parse(argv[i]));
     }
+    std::vector<command*> order;
+    for (command& c : commands) {
+        order.push_back(&c);
+    }
+    std::minstd_rand random;
     for (int round = 0; round < rounds; ++round) {
-        for (std::size_t i = 0; i < commands.size(); ++i) {
-            // Each begins a round in turn, and so follows another one now and then.
-            run(commands[(static_cast<std::size_t>(round) + i) % commands.size()], output);
+        // A command finds in the caches what the one before has left there: that must not be
+        // the same one each time.
+        std::shuffle(order.begin(), order.end(), random);
+        for (command* c : order) {
+            run(*c, output);
         }
     }
     for (command& c : commands) {

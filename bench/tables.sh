@@ -80,7 +80,7 @@ actions_table() {
 
 wall_time_table() {
     # shellcheck disable=SC2046 # six numbers
-    set -- $(wall_times 200 \
+    set -- $(wall_times 500 \
         "/tmp/programs/static/brisel $field" "/tmp/programs/dynamic/brisel $field" \
         "/tmp/programs/busybox devmem $address" "/tmp/programs/memtool md -l $address+4" \
         "/tmp/programs/static/floor $address" "/tmp/programs/dynamic/floor $address")
@@ -134,7 +134,7 @@ inside() {
 start_up_table() {
     {
         row phase 'brisel, static' 'brisel, dynamic'
-        split static /tmp/programs/symbols/static
+        split files /tmp/programs/symbols/static
         set -- "$start" "$catalogue" "$registration" "$lookup" "$access" "$release" "$rest" "$total"
         split dynamic /tmp/programs/symbols/dynamic
         row 'process and library start' "$1" "$start"
