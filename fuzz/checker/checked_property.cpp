@@ -34,7 +34,7 @@ std::string checked_property::shown() {
 }
 
 bool checked_property::accepts(const std::string& text) {
-    const captured_stream messages(standard_error());
+    const captured_stream messages(standard_error);
     const outcome result = outcome_of([&] { return m_property.set(text); });
     m_checker.check_set(m_target, result, text);
     return result == outcome::accepted && messages.text().empty();

@@ -36,7 +36,7 @@ namespace {
 
 /** Builds the properties of the catalogue that have files anew, with their files in a folder. */
 void start_on(const board_files& files) {
-    const captured_stream messages(standard_error());
+    const captured_stream messages(standard_error);
     for (property* p : regulator_properties) {
         auto& old = dynamic_cast<property_regulator_voltage&>(*p);
         const std::string name = old.name;
@@ -76,8 +76,8 @@ driver_run run_driver(std::vector<std::string> words, const board_files& files, 
     start_on(files);
 
     driver_run run;
-    const captured_stream out(standard_output());
-    const captured_stream err(standard_error());
+    const captured_stream out(standard_output);
+    const captured_stream err(standard_error);
     run.result = outcome_of([&] {
         run.status = brisel_main(argc, argv.data());
         return run.status == 0;

@@ -85,7 +85,7 @@ findings set_value(const std::string& text) {
 findings file_value(const std::string& text) {
     static board_files files;
     const std::string path = "/sys/kernel/debug/mmc0/rdqs";
-    const captured_stream messages(standard_error());
+    const captured_stream messages(standard_error);
     const value_input input(text);
     files.reset(contents_from(input, {path}));
     property_file<int> file("mmc::rdqs", files.path(path), 2, 255);

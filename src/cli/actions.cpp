@@ -7,17 +7,17 @@
 namespace {
 
 void report_status(const std::string& what) {
-    standard_error().print_line("BRISEL: " + what);
+    standard_error.print_line("BRISEL: " + what);
 }
 
 void report_no_such_property() {
-    standard_error().print_line("No such property registered.");
+    standard_error.print_line("No such property registered.");
 }
 
 } // namespace
 
 void print(const char* text) {
-    standard_output().print(text);
+    standard_output.print(text);
 }
 
 void print_usage() {
@@ -27,17 +27,17 @@ void print_usage() {
                              "\t-i            : interactive mode",             //
                              "\t-l            : list all properties",          //
                              "\t-x            : show hex value (default decimal)"}) {
-        standard_output().print_line(line);
+        standard_output.print_line(line);
     }
 }
 
 exit_status list() {
     for (const auto& [group_name, group] : property_group::get_groups()) {
-        standard_output().print_line(group_name + " :");
+        standard_output.print_line(group_name + " :");
         for (const auto& [name, member] : group->m_properties) {
             std::string help;
             member->get_help(help);
-            standard_output().print_line("\t" + name + " : " + help);
+            standard_output.print_line("\t" + name + " : " + help);
         }
     }
     return exit_status::success;
@@ -51,7 +51,7 @@ exit_status read(const std::string& name) {
     }
     std::string value;
     const bool done = found->get(value);
-    standard_output().print_line(value);
+    standard_output.print_line(value);
     if (!done) {
         // No blank before "failed.": the line has always looked so, and scripts match it.
         report_status("get " + name + "failed.");
@@ -76,7 +76,7 @@ exit_status raw_read(const std::string& name) {
     property* found = property::get_property(name);
     std::string value;
     if (found != nullptr && found->get(value)) {
-        standard_output().print_line(value);
+        standard_output.print_line(value);
     } else {
         report_no_such_property();
     }

@@ -6,7 +6,7 @@
 
 /*
  * The actions of the tool. Values and listings go to standard output, everything else to standard
- * error; every line is flushed when it ends.
+ * error; every line is written when it ends, in one piece.
  */
 
 /** Writes a NUL-terminated text to standard output; a null pointer sets the stream's bad bit. */

@@ -18,10 +18,10 @@ int lock_fd = -1;
 bool take_instance_lock() {
     lock_fd = open(lock_path, O_RDWR | O_CREAT, 0666);
     if (lock_fd < 0) {
-        standard_error().print_line(std::string("Failed to open ") + lock_path);
+        standard_error.print_line(std::string("Failed to open ") + lock_path);
     }
     if (lock_fd < 0 || flock(lock_fd, LOCK_EX) != 0) {
-        standard_error().print_line("Failed to lock!");
+        standard_error.print_line("Failed to lock!");
         return false;
     }
     return true;

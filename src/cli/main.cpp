@@ -16,8 +16,7 @@ namespace {
 /** Reads or writes the property that the words from `optind` on name; further words are ignored. */
 exit_status access_operand(int argc, char* argv[]) {
     if (argc - optind < 1) {
-        print("..");
-        standard_output().print_line(std::to_string(optind));
+        standard_output.print_line(".." + std::to_string(optind));
         print_usage();
         return exit_status::success;
     }
@@ -37,7 +36,7 @@ exit_status act(int argc, char* argv[]) {
     }
     switch (option) {
     case 'i':
-        standard_output().print_line("Not supported yet.");
+        print("Not supported yet.\n");
         return exit_status::not_supported;
     case 'l':
         return list();

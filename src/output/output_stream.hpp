@@ -1,10 +1,13 @@
 #pragma once
 
-#include <cstdio>
 #include <string>
+#include <string_view>
+
+#include <unistd.h>
 
 /**
- * One of the standard streams, for texts and whole lines.
+ * One of the standard streams, for texts and whole lines. There is no buffer: what is printed is
+ * written at once, and a line in one piece.
  *
  * In place of std::ostream: the locale that every stream of the library stands on, with its rules
  * for dates, money and wide characters, costs a run as much as a hundred registers do, and half
@@ -12,14 +15,13 @@
  */
 class output_stream {
 public:
-    /** @param file where the texts go; not owned, and it outlives the object */
-    explicit output_stream(std::FILE* file);
+    /** @param descriptor where the texts go; not owned, and open while the object is used */
+    constexpr explicit output_stream(int descriptor) : m_descriptor(descriptor) {}
 
-    /** Writes a NUL-terminated text, which may wait for the next line; a null pointer sets the bad
-     * bit. */
+    /** Writes a NUL-terminated text; a null pointer sets the bad bit. */
     void print(const char* text);
 
-    /** Writes a line, with a newline behind it, and flushes. */
+    /** Writes a line, with a newline behind it. */
     void print_line(std::string line);
 
     /** True once something could not be written; nothing has been written since. */
@@ -29,19 +31,19 @@ public:
     void clear() { m_bad = false; }
 
     /**
-     * Sends what follows to another file.
-     * @return the file that it went to before
+     * Sends what follows to another descriptor.
+     * @return the one that it went to before
      */
-    std::FILE* redirect(std::FILE* file);
+    int redirect(int descriptor);
 
 private:
-    void write(const char* text, std::size_t size);
+    void write(std::string_view text);
 
-    std::FILE* m_file;
+    int m_descriptor;
     bool m_bad = false;
 };
 
-// The process's own two, made when they are first asked for: objects that are built before main
-// may have something to report, too.
-output_stream& standard_output();
-output_stream& standard_error();
+// The process's own two. Constant-initialised, so that objects that are built before main may have
+// something to report, too.
+inline constinit output_stream standard_output(STDOUT_FILENO);
+inline constinit output_stream standard_error(STDERR_FILENO);

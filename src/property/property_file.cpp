@@ -21,7 +21,7 @@ T extract(const std::string& text) {
 }
 
 void report_open_failure(const std::string& path) {
-    standard_error().print_line("open " + path + " failed.");
+    standard_error.print_line("open " + path + " failed.");
 }
 
 } // namespace
@@ -61,9 +61,9 @@ bool property_file<T>::read_update() {
     m_value = extract<T>(*word);
     m_valid = m_min <= m_value && m_value <= m_max;
     if (!m_valid) {
-        standard_error().print_line("current value " + std::to_string(m_value) +
-                                    " is not valid, valid range = " + std::to_string(m_min) +
-                                    " ~ " + std::to_string(m_max));
+        standard_error.print_line("current value " + std::to_string(m_value) +
+                                  " is not valid, valid range = " + std::to_string(m_min) + " ~ " +
+                                  std::to_string(m_max));
     }
     return m_valid;
 }
@@ -82,8 +82,8 @@ bool property_file<T>::commit() {
 
 template <class T>
 void property_file<T>::warn_about_range(const std::string& requested, T limit) {
-    standard_error().print_line("apply current value " + std::to_string(m_value) + " to " +
-                                requested + "is limited to " + std::to_string(limit));
+    standard_error.print_line("apply current value " + std::to_string(m_value) + " to " +
+                              requested + "is limited to " + std::to_string(limit));
 }
 
 template <class T>

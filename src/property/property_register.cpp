@@ -53,7 +53,7 @@ void property_register::register_as_property(registration& run, reg_info* reg) {
         std::unique_ptr<property_register> p(
             new property_register(names.of(field_name), reg, field));
         if (run.add(p.get()) == nullptr) {
-            standard_error().print_line("property " + p->name + " is already registered.");
+            standard_error.print_line("property " + p->name + " is already registered.");
             continue;
         }
         static_cast<void>(p.release()); // the registry owns it now
@@ -71,7 +71,7 @@ bool property_register::set(const std::string& value) {
     try {
         number = parse(value, hexadecimal);
     } catch (const std::invalid_argument&) {
-        standard_error().print_line("failed to parse value " + value);
+        standard_error.print_line("failed to parse value " + value);
         return false;
     }
     const bool accepted = relative ? m_subval->adjust(m_reg, number)

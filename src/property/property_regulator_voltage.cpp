@@ -59,7 +59,7 @@ bool property_regulator_voltage::set(const std::string& value) {
     if (value.size() >= 2 && value.back() == '%') {
         const double percent = std::stod(value);
         if (percent > m_max_percent || percent < m_min_percent) {
-            standard_error().print_line("percentage " + general(percent) + "%: out of range");
+            standard_error.print_line("percentage " + general(percent) + "%: out of range");
             return false;
         }
         // Multiplied first: divided first, 103.75% of 800000 would come out above 830000.
@@ -69,9 +69,8 @@ bool property_regulator_voltage::set(const std::string& value) {
     }
     const std::uint32_t microvolts = to_microvolts(std::ceil(target / voltage_step) * voltage_step);
     if (microvolts < m_min_uv || microvolts > m_max_uv) {
-        standard_error().print_line(std::to_string(microvolts) + "mv: out of range(" +
-                                    std::to_string(m_min_uv) + "-" + std::to_string(m_max_uv) +
-                                    ")");
+        standard_error.print_line(std::to_string(microvolts) + "mv: out of range(" +
+                                  std::to_string(m_min_uv) + "-" + std::to_string(m_max_uv) + ")");
         return false;
     }
     _fileintwrite(m_path + microvolts_file, static_cast<std::int32_t>(microvolts));

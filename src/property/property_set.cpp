@@ -40,14 +40,14 @@ property_set::property_set(const std::string& property_name, std::vector<std::st
 bool property_set::set(const std::string& value) {
     const std::vector<std::string> values = member_values(value, m_members.size());
     if (values.size() != m_members.size()) {
-        standard_error().print_line(std::to_string(values.size()) +
-                                    " != " + std::to_string(m_members.size()));
+        standard_error.print_line(std::to_string(values.size()) +
+                                  " != " + std::to_string(m_members.size()));
         return false;
     }
     for (std::size_t i = 0; i < m_members.size(); ++i) {
         property* member = get_property(m_members[i]);
         if (member == nullptr || !member->set(values[i])) {
-            standard_error().print_line("set failed");
+            standard_error.print_line("set failed");
             return false;
         }
     }

@@ -8,6 +8,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "output/write_all.hpp"
+
 namespace {
 
 /** A file that is open, or could not be opened, for as long as the object lives. */
@@ -26,32 +28,16 @@ public:
 
     /** What comes next, up to the buffer's size; nothing at the end, and after an error. */
     std::string_view read_next(std::span<char> buffer) const {
-        const ssize_t size = again([&] { return read(m_fd, buffer.data(), buffer.size()); });
+        ssize_t size = 0;
+        do {
+            size = read(m_fd, buffer.data(), buffer.size());
+        } while (size < 0 && errno == EINTR);
         return {buffer.data(), size > 0 ? static_cast<std::size_t>(size) : 0};
     }
 
-    /** Writes all of a text, or as much as can be written. */
-    void write_all(std::string_view text) const {
-        while (!text.empty()) {
-            const ssize_t size = again([&] { return write(m_fd, text.data(), text.size()); });
-            if (size <= 0) {
-                return;
-            }
-            text.remove_prefix(static_cast<std::size_t>(size));
-        }
-    }
+    int descriptor() const { return m_fd; }
 
 private:
-    /** The result of a call, made again as long as a signal interrupts it. */
-    template <class Call>
-    static ssize_t again(const Call& call) {
-        ssize_t result = call();
-        while (result < 0 && errno == EINTR) {
-            result = call();
-        }
-        return result;
-    }
-
     int m_fd;
 };
 
@@ -84,6 +70,6 @@ bool replace_contents(const std::string& path, const std::string& text) {
     if (!file.is_open()) {
         return false;
     }
-    file.write_all(text);
+    write_all(file.descriptor(), text);
     return true;
 }

@@ -19,10 +19,10 @@ unsigned int reg_subval::clamp(long long value, unsigned int current, long long 
         return static_cast<unsigned int>(value);
     }
     const unsigned int limit = value < min ? min : max;
-    standard_error().print_line("warning! applying " + std::to_string(request) +
-                                " to current value " + std::to_string(current) +
-                                " is out of range (" + std::to_string(min) + " ~ " +
-                                std::to_string(max) + "). adjusted to " + std::to_string(limit));
+    standard_error.print_line("warning! applying " + std::to_string(request) +
+                              " to current value " + std::to_string(current) +
+                              " is out of range (" + std::to_string(min) + " ~ " +
+                              std::to_string(max) + "). adjusted to " + std::to_string(limit));
     return limit;
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <cstdio>
-#include <cstdlib>
+#include <array>
 #include <string>
+
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include "output/output_stream.hpp"
 
@@ -10,26 +12,28 @@
 class captured_stream {
 public:
     explicit captured_stream(output_stream& stream)
-        : m_stream(stream), m_caught(open_memstream(&m_text, &m_size)),
+        : m_stream(stream), m_caught(memfd_create("caught", MFD_CLOEXEC)),
           m_original(stream.redirect(m_caught)) {}
     ~captured_stream() {
         m_stream.redirect(m_original);
-        std::fclose(m_caught);
-        std::free(m_text);
+        close(m_caught);
     }
     captured_stream(const captured_stream&) = delete;
     captured_stream& operator=(const captured_stream&) = delete;
 
     std::string text() const {
-        std::fflush(m_caught);
-        return {m_text, m_size};
+        std::string all;
+        std::array<char, 4096> piece;
+        ssize_t size = 0;
+        while ((size = pread(m_caught, piece.data(), piece.size(),
+                             static_cast<off_t>(all.size()))) > 0) {
+            all.append(piece.data(), static_cast<std::size_t>(size));
+        }
+        return all;
     }
 
 private:
     output_stream& m_stream;
-    // Of m_caught, which sets them when it is flushed.
-    char* m_text = nullptr;
-    std::size_t m_size = 0;
-    std::FILE* m_caught;
-    std::FILE* m_original;
+    int m_caught;
+    int m_original;
 };

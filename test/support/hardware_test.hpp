@@ -31,6 +31,6 @@ protected:
     std::string output() const { return m_cout.text(); }
 
 private:
-    captured_stream m_cerr{standard_error()};
-    captured_stream m_cout{standard_output()};
+    captured_stream m_cerr{standard_error};
+    captured_stream m_cout{standard_output};
 };

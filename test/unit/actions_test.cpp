@@ -12,8 +12,8 @@
 #include "property/property_group.hpp"
 #include "support/fake_property.hpp"
 #include "support/field_properties.hpp"
-#include "support/flush_log.hpp"
 #include "support/hardware_test.hpp"
+#include "support/write_log.hpp"
 
 namespace {
 
@@ -49,7 +49,7 @@ TEST_F(Actions, StatusesAreThoseThatScriptsKnow) {
 
 TEST_F(Actions, PrintWritesTheTextAsItIs) {
     print("Not supported yet.");
-    EXPECT_FALSE(standard_output().bad());
+    EXPECT_FALSE(standard_output.bad());
     print("");
     EXPECT_EQ(output(), "Not supported yet.");
     EXPECT_EQ(messages(), "");
@@ -57,8 +57,8 @@ TEST_F(Actions, PrintWritesTheTextAsItIs) {
 
 TEST_F(Actions, PrintOfANullPointerSetsTheBadBit) {
     print(nullptr);
-    const bool bad = standard_output().bad();
-    standard_output().clear();
+    const bool bad = standard_output.bad();
+    standard_output.clear();
     EXPECT_TRUE(bad);
     EXPECT_EQ(output(), "");
     print("good again");
@@ -185,25 +185,25 @@ TEST_F(Actions, ListLeavesTheRegistriesAsTheyAre) {
     EXPECT_THAT(groups.at("group")->m_properties, ElementsAre(testing::Pair("knob", m_knob)));
 }
 
-TEST_F(Actions, EveryLineIsFlushedWhenItEnds) {
+TEST_F(Actions, EveryLineIsOneWrite) {
     m_knob->m_readable = false;
-    const flush_log log;
+    const write_log log;
     read("knob");
     write("knob", "5");
     raw_read("unknown");
     list();
-    EXPECT_THAT(log.pieces(),
-                ElementsAre("42\n", "BRISEL: get knobfailed.\n", //
-                            "BRISEL: set knob := 5\n", "No such property registered.\n",
-                            "group :\n", "\tknob : no help.\n"));
+    EXPECT_THAT(log.take(), ElementsAre("42\n", "BRISEL: get knobfailed.\n", //
+                                        "BRISEL: set knob := 5\n", "No such property registered.\n",
+                                        "group :\n", "\tknob : no help.\n"));
 }
 
-TEST_F(Actions, EveryLineOfTheUsageIsFlushedWhenItEnds) {
-    const flush_log log;
+TEST_F(Actions, EveryLineOfTheUsageIsOneWrite) {
+    const write_log log;
     print_usage();
-    EXPECT_EQ(log.pieces().size(), 6U);
-    EXPECT_THAT(log.pieces(), testing::Each(testing::EndsWith("\n")));
-    EXPECT_EQ(log.pieces().front(), "brisel [options] [<property> [value if write]]\n");
+    const std::vector<std::string> lines = log.take();
+    EXPECT_EQ(lines.size(), 6U);
+    EXPECT_THAT(lines, testing::Each(testing::EndsWith("\n")));
+    EXPECT_EQ(lines.front(), "brisel [options] [<property> [value if write]]\n");
 }
 
 class ActionsOnFields : public field_properties {};

@@ -2,148 +2,151 @@
 
 #include "output/output_stream.hpp"
 
-#include <array>
-#include <cstdio>
+#include <csignal>
 #include <string>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <unistd.h>
 
+#include "output/write_all.hpp"
 #include "support/captured_stream.hpp"
-#include "support/flush_log.hpp"
+#include "support/write_log.hpp"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/** A pipe that keeps each write apart, behind a stdio file with the given buffering. */
-class pipe_of_writes {
-public:
-    explicit pipe_of_writes(int buffering) {
-        EXPECT_EQ(pipe2(m_ends.data(), O_DIRECT | O_NONBLOCK), 0);
-        file = fdopen(m_ends[1], "w");
-        EXPECT_EQ(std::setvbuf(file, nullptr, buffering, BUFSIZ), 0);
-    }
-    ~pipe_of_writes() {
-        std::fclose(file);
-        close(m_ends[0]);
-    }
-    pipe_of_writes(const pipe_of_writes&) = delete;
-    pipe_of_writes& operator=(const pipe_of_writes&) = delete;
-
-    /** The next write; empty when there was none. */
-    std::string next() const {
-        std::array<char, 256> text{};
-        const ssize_t size = read(m_ends[0], text.data(), text.size());
-        return {text.data(), size < 0 ? 0 : static_cast<std::size_t>(size)};
-    }
-
-    std::FILE* file = nullptr;
-
-private:
-    std::array<int, 2> m_ends{};
+class OutputStream : public testing::Test {
+protected:
+    pipe_of_writes m_pipe;
+    output_stream m_stream{m_pipe.descriptor()};
 };
 
-TEST(OutputStream, LineIsOneWriteWithABufferAndWithout) {
-    for (const int buffering : {_IOFBF, _IONBF}) {
-        const pipe_of_writes pipe(buffering);
-        output_stream stream(pipe.file);
-        stream.print_line("one line");
-        stream.print_line("");
-        EXPECT_EQ(pipe.next(), "one line\n");
-        EXPECT_EQ(pipe.next(), "\n");
-        EXPECT_EQ(pipe.next(), "");
-    }
+TEST_F(OutputStream, LineIsWrittenInOnePiece) {
+    m_stream.print_line("one line");
+    m_stream.print_line("");
+    EXPECT_THAT(m_pipe.take(), ElementsAre("one line\n", "\n"));
+    EXPECT_FALSE(m_stream.bad());
 }
 
-TEST(OutputStream, TextWaitsForTheLineBehindIt) {
-    const pipe_of_writes pipe(_IOFBF);
-    output_stream stream(pipe.file);
-    stream.print("..");
-    EXPECT_EQ(pipe.next(), "");
-    stream.print_line("2");
-    EXPECT_EQ(pipe.next(), "..2\n");
-    EXPECT_FALSE(stream.bad());
+TEST_F(OutputStream, TextIsWrittenAtOnce) {
+    m_stream.print("..");
+    EXPECT_THAT(m_pipe.take(), ElementsAre(".."));
+    m_stream.print("");
+    EXPECT_THAT(m_pipe.take(), IsEmpty());
+    EXPECT_FALSE(m_stream.bad());
 }
 
-TEST(OutputStream, NothingIsWrittenAfterANullPointerUntilTheBadBitIsTakenAway) {
-    const pipe_of_writes pipe(_IONBF);
-    output_stream stream(pipe.file);
-    stream.print(nullptr);
-    EXPECT_TRUE(stream.bad());
-    stream.print("text");
-    stream.print_line("line");
-    EXPECT_EQ(pipe.next(), "");
-    stream.clear();
-    EXPECT_FALSE(stream.bad());
-    stream.print("text");
-    EXPECT_EQ(pipe.next(), "text");
+TEST_F(OutputStream, NothingIsWrittenAfterANullPointerUntilTheBadBitIsTakenAway) {
+    m_stream.print(nullptr);
+    EXPECT_TRUE(m_stream.bad());
+    m_stream.print("text");
+    m_stream.print_line("line");
+    EXPECT_THAT(m_pipe.take(), IsEmpty());
+    m_stream.clear();
+    EXPECT_FALSE(m_stream.bad());
+    m_stream.print("text");
+    EXPECT_THAT(m_pipe.take(), ElementsAre("text"));
 }
 
-TEST(OutputStream, LineThatAFullDeviceRefusesSetsTheBadBit) {
-    for (const int buffering : {_IOFBF, _IONBF}) {
-        std::FILE* full = std::fopen("/dev/full", "w");
-        ASSERT_NE(full, nullptr);
-        std::setvbuf(full, nullptr, buffering, BUFSIZ);
-        output_stream stream(full);
-        stream.print_line("line");
-        EXPECT_TRUE(stream.bad());
-        std::fclose(full);
-    }
+TEST_F(OutputStream, WhatCannotBeWrittenSetsTheBadBit) {
+    output_stream nowhere(-1);
+    nowhere.print("text");
+    EXPECT_TRUE(nowhere.bad());
+    EXPECT_EQ(nowhere.redirect(m_pipe.descriptor()), -1);
+    nowhere.print_line("line");
+    EXPECT_TRUE(nowhere.bad());
+    EXPECT_THAT(m_pipe.take(), IsEmpty());
 }
 
-TEST(OutputStream, NothingIsFlushedAfterATextThatWasRefused) {
-    const pipe_of_writes pipe(_IOFBF);
-    output_stream stream(pipe.file);
-    stream.print("waiting");
-    stream.print(nullptr);
-    stream.print_line("line");
-    EXPECT_EQ(pipe.next(), "");
-}
-
-TEST(OutputStream, RedirectGivesBackTheFileBefore) {
-    const pipe_of_writes first(_IONBF);
-    const pipe_of_writes second(_IONBF);
-    output_stream stream(first.file);
-    EXPECT_EQ(stream.redirect(second.file), first.file);
-    stream.print("text");
-    EXPECT_EQ(first.next(), "");
-    EXPECT_EQ(second.next(), "text");
-    EXPECT_EQ(stream.redirect(first.file), second.file);
-}
-
-TEST(OutputStream, StandardOnesAreTheTwoOfTheProcess) {
-    std::FILE* out = standard_output().redirect(stdout);
-    std::FILE* err = standard_error().redirect(stderr);
-    EXPECT_EQ(out, stdout);
-    EXPECT_EQ(err, stderr);
-    EXPECT_EQ(&standard_output(), &standard_output());
-    EXPECT_EQ(&standard_error(), &standard_error());
-}
-
-TEST(OutputStream, BothCanBeCaughtInOneSequence) {
-    const flush_log log;
-    standard_output().print("a");
-    standard_output().print_line("b");
-    standard_error().print_line("c");
-    standard_output().print("d");
-    EXPECT_THAT(log.pieces(), ElementsAre("ab\n", "c\n"));
-}
-
-TEST(OutputStream, CapturedTextGoesNowhereElse) {
-    const flush_log log;
+TEST_F(OutputStream, StandardOnesAreTheTwoOfTheProcess) {
+    write_log log;
+    EXPECT_EQ(standard_output.redirect(log.descriptor()), log.descriptor());
+    standard_output.print("a");
+    standard_error.print_line("b");
+    standard_output.print_line("c");
+    EXPECT_THAT(log.take(), ElementsAre("a", "b\n", "c\n"));
     {
-        const captured_stream caught(standard_output());
+        const captured_stream caught(standard_output);
         EXPECT_EQ(caught.text(), "");
-        standard_output().print("one");
+        standard_output.print("one");
         EXPECT_EQ(caught.text(), "one");
-        standard_output().print_line(" line");
+        standard_output.print_line(" line");
         EXPECT_EQ(caught.text(), "one line\n");
     }
-    EXPECT_THAT(log.pieces(), IsEmpty());
+    EXPECT_THAT(log.take(), IsEmpty());
+}
+
+TEST(StandardStreamNumbers, AreOneAndTwo) {
+    const int out = standard_output.redirect(-1);
+    const int err = standard_error.redirect(-1);
+    standard_output.redirect(out);
+    standard_error.redirect(err);
+    EXPECT_EQ(out, 1);
+    EXPECT_EQ(err, 2);
+}
+
+TEST(WriteAll, WritesNothingOfAnEmptyText) {
+    EXPECT_TRUE(write_all(-1, ""));
+}
+
+TEST(WriteAll, TellsThatADeviceIsFull) {
+    const int full = open("/dev/full", O_WRONLY);
+    EXPECT_FALSE(write_all(full, "text"));
+    close(full);
+}
+
+extern "C" void take_no_notice(int) {}
+
+/** Reads an end of a pipe to its end, some bytes at a time, and interrupts the writer before each.
+ */
+struct slow_reader {
+    int descriptor;
+    pthread_t writer;
+    std::string text;
+
+    static void* read_all(void* reader) {
+        auto& self = *static_cast<slow_reader*>(reader);
+        char piece[4096];
+        ssize_t size = 0;
+        do {
+            usleep(1000); // in which the writer fills the pipe, and waits
+            pthread_kill(self.writer, SIGUSR1);
+            usleep(1000);
+            size = read(self.descriptor, piece, sizeof piece);
+            self.text.append(piece, static_cast<std::size_t>(size > 0 ? size : 0));
+        } while (size > 0);
+        return nullptr;
+    }
+};
+
+TEST(WriteAll, GoesOnAfterSignalsAndPartsThatWereWritten) {
+    struct sigaction action {};
+    struct sigaction before {};
+    action.sa_handler = take_no_notice; // without SA_RESTART
+    sigaction(SIGUSR1, &action, &before);
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    fcntl(ends[1], F_SETPIPE_SZ, 4096);
+
+    std::string text;
+    for (int i = 0; i < 5000; ++i) {
+        text += std::to_string(i) + " ";
+    }
+    slow_reader reader{ends[0], pthread_self(), ""};
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, nullptr, slow_reader::read_all, &reader), 0);
+    EXPECT_TRUE(write_all(ends[1], text));
+    close(ends[1]);
+    pthread_join(thread, nullptr);
+    EXPECT_EQ(reader.text, text);
+    close(ends[0]);
+    sigaction(SIGUSR1, &before, nullptr);
 }
 
 } // namespace

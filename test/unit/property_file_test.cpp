@@ -9,11 +9,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/flush_log.hpp"
 #include "support/hardware_test.hpp"
 #include "support/shown.hpp"
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
+#include "support/write_log.hpp"
 
 namespace {
 
@@ -175,8 +175,8 @@ TEST_F(PropertyFile, RangeWarningShowsTheValueTheTextAndTheLimit) {
     EXPECT_EQ(shown(p), "40");
 }
 
-TEST_F(PropertyFile, EveryMessageIsOneFlushedLine) {
-    const flush_log log;
+TEST_F(PropertyFile, EveryMessageIsOneWrite) {
+    const write_log log;
     property_file<int> p("p", m_path, 2, 255);
     p.set("1");
     make_unwritable(m_path);
@@ -184,10 +184,9 @@ TEST_F(PropertyFile, EveryMessageIsOneFlushedLine) {
     property_file<int> missing("p", m_dir.file("none"), 2, 255);
     write_text(m_dir.file("low"), "1");
     property_file<int> low("p", m_dir.file("low"), 2, 255);
-    EXPECT_THAT(log.pieces(),
-                ElementsAre("apply current value 100 to 1is limited to 2\n", open_failure(),
-                            "open " + m_dir.file("none") + " failed.\n",
-                            "current value 1 is not valid, valid range = 2 ~ 255\n"));
+    EXPECT_THAT(log.take(), ElementsAre("apply current value 100 to 1is limited to 2\n",
+                                        open_failure(), "open " + m_dir.file("none") + " failed.\n",
+                                        "current value 1 is not valid, valid range = 2 ~ 255\n"));
 }
 
 /** A property whose hooks are replaced, and whose lower bound may lie above the upper one. */

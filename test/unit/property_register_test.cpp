@@ -12,9 +12,9 @@
 #include "property/registration.hpp"
 #include "support/fake_property.hpp"
 #include "support/field_properties.hpp"
-#include "support/flush_log.hpp"
 #include "support/heap.hpp"
 #include "support/shown.hpp"
+#include "support/write_log.hpp"
 
 namespace {
 
@@ -242,13 +242,13 @@ TEST_F(PropertyRegister, ReadOnlyFieldRefusesEveryWriteAndIsReadForAStep) {
     EXPECT_THAT(log, ElementsAre(read(mixed, 0x53)));
 }
 
-TEST_F(PropertyRegister, EveryMessageIsOneFlushedLine) {
-    const flush_log flushes;
+TEST_F(PropertyRegister, EveryMessageIsOneWrite) {
+    const write_log writes;
     EXPECT_FALSE(set("r::a", "abc"));
     property_register::register_as_property(property_group::get_property_group("registers"),
                                             &m_wide);
-    EXPECT_THAT(flushes.pieces(), ElementsAre("failed to parse value abc\n",
-                                              "property wide::all is already registered.\n"));
+    EXPECT_THAT(writes.take(), ElementsAre("failed to parse value abc\n",
+                                           "property wide::all is already registered.\n"));
 }
 
 } // namespace

@@ -8,10 +8,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/flush_log.hpp"
 #include "support/hardware_test.hpp"
 #include "support/regulator.hpp"
 #include "support/shown.hpp"
+#include "support/write_log.hpp"
 
 namespace {
 
@@ -176,12 +176,12 @@ TEST_F(RegulatorVoltage, VoltageFileThatCannotBeOpenedForWritingIsNoFailure) {
     EXPECT_EQ(messages(), "");
 }
 
-TEST_F(RegulatorVoltage, EveryMessageIsOneFlushedLine) {
-    const flush_log log;
+TEST_F(RegulatorVoltage, EveryMessageIsOneWrite) {
+    const write_log log;
     EXPECT_FALSE(m_property.set("92.5%"));
     EXPECT_FALSE(m_property.set("2000000"));
-    EXPECT_THAT(log.pieces(), ElementsAre("percentage 92.5%: out of range\n",
-                                          "2000000mv: out of range(800000-1300000)\n"));
+    EXPECT_THAT(log.take(), ElementsAre("percentage 92.5%: out of range\n",
+                                        "2000000mv: out of range(800000-1300000)\n"));
 }
 
 } // namespace

@@ -10,9 +10,9 @@
 
 #include "property/property_group.hpp"
 #include "support/fake_property.hpp"
-#include "support/flush_log.hpp"
 #include "support/hardware_test.hpp"
 #include "support/shown.hpp"
+#include "support/write_log.hpp"
 
 namespace {
 
@@ -203,12 +203,12 @@ TEST_F(PropertySet, IsNotTheOwnerOfItsMembers) {
     EXPECT_EQ(member("a").m_text, "1");
 }
 
-TEST_F(PropertySet, EveryMessageIsOneFlushedLine) {
+TEST_F(PropertySet, EveryMessageIsOneWrite) {
     property_set set("set", {"missing"});
-    const flush_log log;
+    const write_log log;
     EXPECT_FALSE(set.set("{1,2}"));
     EXPECT_FALSE(set.set("1"));
-    EXPECT_THAT(log.pieces(), ElementsAre("2 != 1\n", "set failed\n"));
+    EXPECT_THAT(log.take(), ElementsAre("2 != 1\n", "set failed\n"));
 }
 
 } // namespace

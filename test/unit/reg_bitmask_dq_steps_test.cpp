@@ -59,7 +59,7 @@ TEST_F(RegBitmaskDqSteps, EveryValueTakesEveryStepFromMinus200To200) {
             fake_memory::log.clear();
             fake_memory::words[address] = 0xdeadbe00 | value;
             reg_info reg("r", address, {field}, false);
-            const captured_stream messages(standard_error());
+            const captured_stream messages(standard_error);
             const outcome expected = stepped(value, step);
 
             EXPECT_TRUE(field->adjust(&reg, step));

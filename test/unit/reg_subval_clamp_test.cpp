@@ -4,8 +4,8 @@
 #include <ostream>
 #include <string>
 
-#include "support/flush_log.hpp"
 #include "support/hardware_test.hpp"
+#include "support/write_log.hpp"
 
 namespace {
 
@@ -102,12 +102,12 @@ TEST_P(RegSubvalClamp, GivesTheNearestLegalValueAndWarnsOnlyWhenItDiffers) {
 INSTANTIATE_TEST_SUITE_P(Rows, RegSubvalClamp, ValuesIn(rows),
                          [](const auto& row) { return row.param.name; });
 
-TEST(RegSubvalClampFlush, TheWarningIsOneLineThatIsFlushed) {
+TEST(RegSubvalClampMessage, IsOneWrite) {
     limits_only field(0, 127);
-    const flush_log streams;
+    const write_log streams;
     field.clamp(130, 120, 10);
-    EXPECT_THAT(streams.pieces(), ElementsAre("warning! applying 10 to current value 120 is out of "
-                                              "range (0 ~ 127). adjusted to 127\n"));
+    EXPECT_THAT(streams.take(), ElementsAre("warning! applying 10 to current value 120 is out of "
+                                            "range (0 ~ 127). adjusted to 127\n"));
 }
 
 } // namespace
