@@ -2,11 +2,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/catalogue.hpp"
+#include "platform/orlin/dq_lanes.hpp"
 #include "platform/orlin/reg_bitmask_dq.hpp"
 #include "platform/orlin/reg_info_orlin_ddr.hpp"
 #include "platform/orlin/reg_info_orlin_dq.hpp"
@@ -15,6 +17,7 @@
 #include "property/property_names.hpp"
 #include "property/property_register.hpp"
 #include "property/property_set.hpp"
+#include "property/registration.hpp"
 #include "reg/reg_info.hpp"
 
 /*
@@ -30,28 +33,33 @@
 
 namespace {
 
+using orlin::dq_lanes;
 using orlin::reg_bitmask_dq;
 using orlin::reg_info_orlin_ddr;
 using orlin::reg_info_orlin_dq;
 
 const std::initializer_list<reg_subval*> no_fields = {};
 
-template <std::size_t... lane>
-reg_info* copy_lanes(const reg_info_orlin_dq& reg, const std::string& name,
-                     std::index_sequence<lane...>) {
-    std::vector<reg_bitmask_dq*> lanes;
-    for (const auto& [field_name, field] : reg.m_subvals) {
-        lanes.push_back(dynamic_cast<reg_bitmask_dq*>(field));
+/** The lanes of a register of the catalogue: of the first one with as many. */
+const dq_lanes& lanes_of(const reg_info_orlin_dq& reg) {
+    static std::map<std::size_t, dq_lanes> lanes;
+    const auto [entry, is_new] =
+        lanes.try_emplace(reg.m_subvals.size(), dq_lanes(std::initializer_list<reg_bitmask_dq*>{}));
+    if (is_new) {
+        entry->second.by_name = reg.m_subvals;
+        for (const auto& [field_name, field] : reg.m_subvals) {
+            entry->second.words.emplace(field, 0);
+            entry->second.flags.emplace(field, false);
+        }
     }
-    return new reg_info_orlin_dq(name, reg.m_sel_value, reg.m_sel_addr, reg.m_addr,
-                                 {lanes[lane]...});
+    return entry->second;
 }
 
 /** The same register under another name. `info_garbages` owns it. */
 reg_info* copy_of(const reg_info* reg, const std::string& name) {
     if (const auto* dq = dynamic_cast<const reg_info_orlin_dq*>(reg)) {
-        return dq->m_subvals.size() == 8 ? copy_lanes(*dq, name, std::make_index_sequence<8>())
-                                         : copy_lanes(*dq, name, std::make_index_sequence<9>());
+        return new reg_info_orlin_dq(name, dq->m_sel_value, dq->m_sel_addr, dq->m_addr,
+                                     lanes_of(*dq));
     }
     reg_info* copy = nullptr;
     if (const auto* ddr = dynamic_cast<const reg_info_orlin_ddr*>(reg)) {
@@ -77,11 +85,12 @@ void register_set(property_group* group, const reg_info* reg) {
 void register_copies(const char* group_name, std::initializer_list<reg_info*> registers,
                      std::size_t stride, const std::string& suffix) {
     property_group* group = property_group::register_property_group(group_name);
+    registration run(group);
     std::vector<reg_info*> copies;
     for (std::size_t i = 0; i < registers.size(); i += stride) {
         const reg_info* reg = registers.begin()[i];
         copies.push_back(copy_of(reg, reg->m_name + suffix));
-        property_register::register_as_property(group, copies.back());
+        property_register::register_as_property(run, copies.back());
     }
     for (const reg_info* copy : copies) {
         if (dynamic_cast<const reg_info_orlin_dq*>(copy) != nullptr) {

@@ -106,7 +106,7 @@ compare_file() {
     row "$1" "$(wc -c <"$2")" "$(ratio "$4" "$3")" "$(ratio "$5" "$3")"
 }
 
-# split PROGRAM FILE: what the phases of one read cost; they add up to `total`.
+# split BUILD FILE: what the phases of one read cost; they add up to `total`.
 split() {
     catalogue_start=$(nm "$build/$1/src/CMakeFiles/brisel_platform.dir/platform/catalogue.cpp.o" |
         sed -n 's/^.* t \(_GLOBAL__sub_I_\)/\1/p')

@@ -18,6 +18,9 @@ public:
     /** @param descriptor where the texts go; not owned, and open while the object is used */
     constexpr explicit output_stream(int descriptor) : m_descriptor(descriptor) {}
 
+    output_stream(const output_stream&) = delete;
+    output_stream& operator=(const output_stream&) = delete;
+
     /** Writes a NUL-terminated text; a null pointer sets the bad bit. */
     void print(const char* text);
 

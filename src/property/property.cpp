@@ -20,6 +20,7 @@ property* property::get_property(const std::string& name) {
 }
 
 property* property::register_property(property_group* group, property* p) {
+    // A registration would look behind the last name first, where a single property seldom belongs.
     const auto [entry, is_new] = properties.emplace(p->name, p);
     if (!is_new) {
         return nullptr;

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <limits>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 #include "output/output_stream.hpp"
@@ -16,6 +17,7 @@ namespace {
 template <class T>
 T extract(const std::string& text) {
     using limits = std::numeric_limits<T>;
+    static_assert(std::is_signed_v<T> && sizeof(T) <= sizeof(long)); // it is read as a long
     return static_cast<T>(
         std::clamp<long>(std::strtol(text.c_str(), nullptr, 10), limits::min(), limits::max()));
 }

@@ -27,7 +27,8 @@ public:
      */
     static void register_as_property(property_group* group, reg_info* reg);
 
-    /** The same for one of several registers, each of which goes on behind the one before. */
+    /** The same for one of several registers of a group, which are found places one after another.
+     */
     static void register_as_property(registration& run, reg_info* reg);
 
     /**

@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <cerrno>
+#include <cstddef>
 #include <span>
 #include <string_view>
 

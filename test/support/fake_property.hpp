@@ -9,8 +9,8 @@
 /** A property that keeps a text, behaves as the test says, and logs every call. */
 class fake_property : public property {
 public:
-    explicit fake_property(std::string property_name, std::string text = "")
-        : property(std::move(property_name)), m_text(std::move(text)) {}
+    explicit fake_property(const std::string& property_name, std::string text = "")
+        : property(property_name), m_text(std::move(text)) {}
     ~fake_property() override { log.push_back("delete " + name); }
 
     bool set(const std::string& value) override {

@@ -19,6 +19,8 @@ protected:
         property::m_number_mode = 0;
     }
     ~hardware_test() override {
+        EXPECT_FALSE(standard_output.bad());
+        EXPECT_FALSE(standard_error.bad());
         property_group::free_all();
         property::free_all();
         property::m_number_mode = 0;

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -11,9 +14,8 @@
 class pipe_of_writes {
 public:
     pipe_of_writes() {
-        if (pipe2(m_ends.data(), O_DIRECT | O_NONBLOCK | O_CLOEXEC) == 0) {
-            fcntl(m_ends[1], F_SETPIPE_SZ, 1 << 20);
-        }
+        EXPECT_EQ(pipe2(m_ends.data(), O_DIRECT | O_NONBLOCK | O_CLOEXEC), 0);
+        EXPECT_GT(fcntl(m_ends[1], F_SETPIPE_SZ, 1 << 20), 0);
     }
     ~pipe_of_writes() {
         close(m_ends[0]);

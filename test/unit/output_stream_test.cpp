@@ -64,7 +64,7 @@ TEST_F(OutputStream, WhatCannotBeWrittenSetsTheBadBit) {
     EXPECT_THAT(m_pipe.take(), IsEmpty());
 }
 
-TEST_F(OutputStream, StandardOnesAreTheTwoOfTheProcess) {
+TEST_F(OutputStream, StandardOnesCanBeCaughtTogetherAndOneByOne) {
     write_log log;
     EXPECT_EQ(standard_output.redirect(log.descriptor()), log.descriptor());
     standard_output.print("a");
@@ -115,8 +115,10 @@ struct slow_reader {
         char piece[4096];
         ssize_t size = 0;
         do {
-            usleep(1000); // in which the writer fills the pipe, and waits
-            pthread_kill(self.writer, SIGUSR1);
+            usleep(1000);                       // in which the writer fills the pipe, and waits:
+            pthread_kill(self.writer, SIGUSR1); // that was a part,
+            usleep(1000);
+            pthread_kill(self.writer, SIGUSR1); // and that is none
             usleep(1000);
             size = read(self.descriptor, piece, sizeof piece);
             self.text.append(piece, static_cast<std::size_t>(size > 0 ? size : 0));

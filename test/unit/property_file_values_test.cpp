@@ -72,6 +72,8 @@ const contents_row contents_rows[] = {
     {"NegativeOutOfRange", "-5", 2, 255, -5},
     {"TooLargeForTheType", "2147483648", 2, 255, int_max},
     {"TooSmallForTheType", "-2147483649", 2, 255, int_min},
+    {"TooLargeFor64Bits", "99999999999999999999", 2, 255, int_max},
+    {"TooSmallFor64Bits", "-99999999999999999999", 2, 255, int_min},
     {"LargestOfTheType", "2147483647", int_min, int_max, int_max},
     {"SmallestOfTheType", "-2147483648", int_min, int_max, int_min},
 };
@@ -130,6 +132,8 @@ const request_row absolute_rows[] = {
     {"LoneMinusIsAbsolute", 100, "-", 2, "100 to -is limited to 2"},
     {"TooLargeForTheType", 100, "99999999999", 255, "100 to 99999999999is limited to 255"},
     {"TooLargeForTheTypeIsItsLargest", 0, "99999999999", int_max, "", int_min, int_max},
+    {"TooLargeFor64BitsIsItsLargest", 0, "99999999999999999999", int_max, "", int_min, int_max},
+    {"TooSmallFor64BitsIsItsSmallest", 0, " -99999999999999999999", int_min, "", int_min, int_max},
 };
 
 INSTANTIATE_TEST_SUITE_P(Absolute, FileRequest, testing::ValuesIn(absolute_rows),
@@ -138,6 +142,10 @@ INSTANTIATE_TEST_SUITE_P(Absolute, FileRequest, testing::ValuesIn(absolute_rows)
 const request_row relative_rows[] = {
     {"Up", 100, "+5", 105, ""},
     {"Down", 100, "-5", 95, ""},
+    {"UpBeyond64Bits", 100, "+99999999999999999999", 255,
+     "100 to +99999999999999999999is limited to 255"},
+    {"DownBeyond64Bits", 100, "-99999999999999999999", 2,
+     "100 to -99999999999999999999is limited to 2"},
     {"UpToTheLimit", 250, "+5", 255, ""},
     {"DownToTheLimit", 100, "-98", 2, ""},
     {"UpBeyondTheLimit", 250, "+10", 255, "250 to +10is limited to 255"},

@@ -117,6 +117,7 @@ const request_row refused_percentages[] = {
     {"Negative", "-95%", "-95"},
     {"Zero", "0%", "0"},
     {"Large", "12345678%", "1.23457e+07"},
+    {"Longest", "-1.234567e+300%", "-1.23457e+300"},
     {"Infinity", "inf%", "inf"},
     {"TrailingText", "120 or so %", "120"},
 };

@@ -15,7 +15,7 @@ namespace orlin {
  */
 struct dq_lanes {
     /** @param fields not owned; implicit, since a list of lanes is what a register asks for */
-    dq_lanes(std::initializer_list<reg_bitmask_dq*> fields); // NOLINT(google-explicit-constructor)
+    dq_lanes(std::initializer_list<reg_bitmask_dq*> fields);
 
     field_map by_name;
     /** The words: 0. */
