@@ -9,9 +9,9 @@
  * One of the standard streams, for texts and whole lines. There is no buffer: what is printed is
  * written at once, and a line in one piece.
  *
- * In place of std::ostream: the locale that every stream of the library stands on, with its rules
- * for dates, money and wide characters, costs a run as much as a hundred registers do, and half
- * of the program's file.
+ * In place of std::ostream: building the locale that every stream of the library stands on, with
+ * its rules for dates, money and wide characters, would be 44,000 of the instructions of every run,
+ * and linking it nearly half of the static program's file.
  */
 class output_stream {
 public:
