@@ -17,7 +17,6 @@
 #include "property/property_names.hpp"
 #include "property/property_register.hpp"
 #include "property/property_set.hpp"
-#include "property/registration.hpp"
 #include "reg/reg_info.hpp"
 
 /*
@@ -73,7 +72,8 @@ reg_info* copy_of(const reg_info* reg, const std::string& name) {
 }
 
 void register_set(property_group* group, const reg_info* reg) {
-    property_names names(reg->m_name);
+    property_names names;
+    names.begin(reg->m_name);
     std::vector<std::string> members;
     for (const auto& [field_name, field] : reg->m_subvals) {
         members.push_back(names.of(field_name));
@@ -85,13 +85,12 @@ void register_set(property_group* group, const reg_info* reg) {
 void register_copies(const char* group_name, std::initializer_list<reg_info*> registers,
                      std::size_t stride, const std::string& suffix) {
     property_group* group = property_group::register_property_group(group_name);
-    registration run(group);
     std::vector<reg_info*> copies;
     for (std::size_t i = 0; i < registers.size(); i += stride) {
         const reg_info* reg = registers.begin()[i];
         copies.push_back(copy_of(reg, reg->m_name + suffix));
-        property_register::register_as_property(run, copies.back());
     }
+    property_register::register_as_property(group, copies);
     for (const reg_info* copy : copies) {
         if (dynamic_cast<const reg_info_orlin_dq*>(copy) != nullptr) {
             register_set(group, copy);

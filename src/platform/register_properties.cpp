@@ -14,7 +14,6 @@
 #include "property/property_names.hpp"
 #include "property/property_register.hpp"
 #include "property/property_set.hpp"
-#include "property/registration.hpp"
 
 namespace {
 
@@ -40,10 +39,8 @@ constexpr std::string_view write_lanes[] = {"dq0", "dq1", "dq2", "dq3", "dq4",
                                             "dq5", "dq6", "dq7", "dq8"};
 
 void register_fields(const char* group_name, std::initializer_list<reg_info*> registers) {
-    registration run(property_group::register_property_group(group_name));
-    for (reg_info* reg : registers) {
-        property_register::register_as_property(run, reg);
-    }
+    property_register::register_as_property(property_group::register_property_group(group_name),
+                                            registers);
 }
 
 void register_all(const char* group_name, std::initializer_list<property*> properties) {
@@ -55,15 +52,17 @@ void register_all(const char* group_name, std::initializer_list<property*> prope
 /** One set per register: prefix + register + "::" + suffix, over its lanes in their order. */
 void register_property_sets(const std::string& group_name, const std::string& prefix,
                             texts registers, const std::string& suffix, texts lanes) {
+    property_group* group = property_group::register_property_group(group_name);
+    property_names names;
     for (const std::string_view reg : registers) {
-        property_names names(std::string(prefix).append(reg));
+        names.begin(std::string(prefix).append(reg));
         std::vector<std::string> members;
         members.reserve(lanes.size());
         for (const std::string_view lane : lanes) {
             members.push_back(names.of(lane));
         }
         auto set = std::make_unique<property_set>(names.of(suffix), std::move(members));
-        if (property::register_property(group_name, set.get()) != nullptr) {
+        if (property::register_property(group, set.get()) != nullptr) {
             static_cast<void>(set.release()); // the registry owns it now
         }
     }

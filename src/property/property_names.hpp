@@ -4,24 +4,27 @@
 #include <string>
 #include <string_view>
 
-/** The names of one register's properties: register name + "::" + field name. */
+/**
+ * Builds the names of registers' properties: register name + "::" + field name.
+ *
+ * All are built in one place, one after another.
+ */
 class property_names {
 public:
-    explicit property_names(std::string_view register_name) {
-        m_name.reserve(usual_length);
-        m_name.append(register_name).append("::");
+    /** The register that the names asked for from now on belong to. */
+    void begin(std::string_view register_name) {
+        m_name.assign(register_name).append("::");
         m_stem = m_name.size();
     }
 
-    /** The name for a field, built in the place of the one before. */
+    /** The name for a field, in the place of the one before. */
     const std::string& of(std::string_view field_name) {
         m_name.resize(m_stem);
         return m_name.append(field_name);
     }
 
 private:
-    static constexpr std::size_t usual_length = 48;
-
     std::string m_name;
-    std::size_t m_stem;
+    /** Length of the part that a register's names have in common. */
+    std::size_t m_stem = 0;
 };

@@ -43,20 +43,24 @@ property_register::property_register(const std::string& property_name, reg_info*
     : property(property_name), m_reg(reg), m_subval(subval) {}
 
 void property_register::register_as_property(property_group* group, reg_info* reg) {
-    registration run(group);
-    register_as_property(run, reg);
+    register_as_property(group, std::span(&reg, 1));
 }
 
-void property_register::register_as_property(registration& run, reg_info* reg) {
-    property_names names(reg->m_name);
-    for (const auto& [field_name, field] : reg->m_subvals) {
-        std::unique_ptr<property_register> p(
-            new property_register(names.of(field_name), reg, field));
-        if (run.add(p.get()) == nullptr) {
-            standard_error.print_line("property " + p->name + " is already registered.");
-            continue;
+void property_register::register_as_property(property_group* group,
+                                             std::span<reg_info* const> registers) {
+    registration run(group);
+    property_names names;
+    for (reg_info* reg : registers) {
+        names.begin(reg->m_name);
+        for (const auto& [field_name, field] : reg->m_subvals) {
+            std::unique_ptr<property_register> p(
+                new property_register(names.of(field_name), reg, field));
+            if (run.add(p.get()) == nullptr) {
+                standard_error.print_line("property " + p->name + " is already registered.");
+                continue;
+            }
+            static_cast<void>(p.release()); // the registry owns it now
         }
-        static_cast<void>(p.release()); // the registry owns it now
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "property/property.hpp"
@@ -7,7 +8,6 @@
 class property_group;
 class reg_info;
 class reg_subval;
-class registration;
 
 /**
  * One field of one hardware register as a property.
@@ -27,9 +27,8 @@ public:
      */
     static void register_as_property(property_group* group, reg_info* reg);
 
-    /** The same for one of several registers of a group, which are found places one after another.
-     */
-    static void register_as_property(registration& run, reg_info* reg);
+    /** The same for several registers, one after another. */
+    static void register_as_property(property_group* group, std::span<reg_info* const> registers);
 
     /**
      * Writes the field: by a signed 64-bit step when the text begins with "+" or "-", otherwise

@@ -10,7 +10,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "property/registration.hpp"
 #include "support/fake_property.hpp"
 #include "support/field_properties.hpp"
 #include "support/heap.hpp"
@@ -71,16 +70,15 @@ TEST_F(RegisterFields, AreNoneOfAnEmptyRegister) {
 }
 
 TEST_F(RegisterFields, OfRegistersInOneRunNeedComeInNoOrder) {
-    std::vector<std::unique_ptr<reg_info>> registers;
+    std::vector<std::unique_ptr<reg_info>> owned;
+    std::vector<reg_info*> registers;
     for (const char* name : {"m", "p", "a", "z", "n", "n1", "n-"}) {
-        registers.push_back(std::make_unique<reg_info>(
-            name, 0x10000000, std::initializer_list<reg_bitmask*>{}, false));
-        registers.back()->m_subvals = m_reg.m_subvals;
+        owned.push_back(std::make_unique<reg_info>(name, 0x10000000,
+                                                   std::initializer_list<reg_bitmask*>{}, false));
+        owned.back()->m_subvals = m_reg.m_subvals;
+        registers.push_back(owned.back().get());
     }
-    registration run(&m_group);
-    for (const auto& reg : registers) {
-        property_register::register_as_property(run, reg.get());
-    }
+    property_register::register_as_property(&m_group, registers);
     std::vector<std::string> names;
     for (const auto& [name, p] : property::properties) {
         EXPECT_EQ(p->name, name);
@@ -91,7 +89,7 @@ TEST_F(RegisterFields, OfRegistersInOneRunNeedComeInNoOrder) {
     EXPECT_EQ(m_group.m_properties, property::properties);
     EXPECT_EQ(messages(), "");
 
-    property_register::register_as_property(run, registers.front().get());
+    property_register::register_as_property(&m_group, registers.front());
     EXPECT_EQ(messages(), "property m::a is already registered.\n"
                           "property m::b is already registered.\n");
     EXPECT_EQ(property::properties.size(), names.size());
