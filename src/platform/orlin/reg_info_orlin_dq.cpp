@@ -37,8 +37,9 @@ unsigned int reg_info_orlin_dq::load(reg_subval* field) {
     }
     select(*dq);
     m_value = mmap_read(m_addr);
+    m_dq_values[field] = m_value;
     m_dq_loaded[field] = true;
-    return m_dq_values[field] = m_value;
+    return m_dq_values[field];
 }
 
 void reg_info_orlin_dq::store(reg_subval* field, unsigned int word) {
