@@ -81,7 +81,9 @@ TEST_F(RegisterFields, OfRegistersInOneRunNeedComeInNoOrder) {
     property_register::register_as_property(&m_group, registers);
     std::vector<std::string> names;
     for (const auto& [name, p] : property::properties) {
+        const auto& field = dynamic_cast<property_register&>(*p);
         EXPECT_EQ(p->name, name);
+        EXPECT_EQ(name, field.m_reg->m_name + "::" + field.m_subval->get_name());
         names.push_back(name);
     }
     EXPECT_THAT(names, ElementsAre("a::a", "a::b", "m::a", "m::b", "n-::a", "n-::b", "n1::a",
@@ -89,11 +91,20 @@ TEST_F(RegisterFields, OfRegistersInOneRunNeedComeInNoOrder) {
     EXPECT_EQ(m_group.m_properties, property::properties);
     EXPECT_EQ(messages(), "");
 
-    property_register::register_as_property(&m_group, registers.front());
+    registers = {registers.front(), &m_reg};
+    property_register::register_as_property(&m_group, registers);
     EXPECT_EQ(messages(), "property m::a is already registered.\n"
                           "property m::b is already registered.\n");
-    EXPECT_EQ(property::properties.size(), names.size());
+    EXPECT_EQ(property::properties.size(), names.size() + 2);
     EXPECT_EQ(m_group.m_properties, property::properties);
+}
+
+TEST_F(RegisterFields, TakeThePlacesOfMembersOfTheSameNames) {
+    fake_property unregistered("R::a");
+    m_group.add_property(&unregistered);
+    property_register::register_as_property(&m_group, &m_reg);
+    EXPECT_EQ(m_group.m_properties, property::properties);
+    EXPECT_EQ(property::properties.size(), 2U);
 }
 
 TEST_F(RegisterFields, TakenNameIsReportedAndTheWalkGoesOn) {

@@ -2,7 +2,9 @@
 
 #include "property/property.hpp"
 
+#include <cstddef>
 #include <memory>
+#include <new>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -11,6 +13,7 @@
 #include "property/property_group.hpp"
 #include "support/fake_property.hpp"
 #include "support/hardware_test.hpp"
+#include "support/heap.hpp"
 
 namespace {
 
@@ -131,6 +134,22 @@ TEST_F(Property, RegisteringReplacesAMemberOfTheSameNameInTheGroup) {
     EXPECT_EQ(property::register_property(&m_group, p), p);
     EXPECT_THAT(m_group.m_properties, ElementsAre(Pair("a", p)));
     EXPECT_THAT(fake_property::log, IsEmpty());
+}
+
+// An entry takes two allocations, for its place and for the long name; and there are two.
+TEST_F(Property, RegisteringWithoutMemoryRaisesTheErrorAndRegistersNothing) {
+    fake_property p("a name too long to be kept in place");
+    for (const std::size_t allocation : {1U, 2U, 3U, 4U}) {
+        EXPECT_THROW(
+            {
+                const heap::failure failure(allocation);
+                property::register_property(&m_group, &p);
+            },
+            std::bad_alloc)
+            << "allocation " << allocation;
+        EXPECT_THAT(property::properties, IsEmpty());
+        EXPECT_THAT(m_group.m_properties, IsEmpty());
+    }
 }
 
 TEST_F(Property, RegisteringByGroupNameCreatesTheGroupOnFirstMention) {

@@ -117,6 +117,18 @@ TEST_F(TextFile, FileThatIsNotThereIsMade) {
     EXPECT_FALSE(replace_contents(dir.file(""), "12"));
 }
 
+TEST_F(TextFile, FileThatIsMadeIsAsOpenAsTheProcessLetsIt) {
+    for (const mode_t closed : {0U, 077U}) {
+        const std::string made = dir.file(std::to_string(closed));
+        const mode_t before = umask(closed);
+        EXPECT_TRUE(replace_contents(made, "1"));
+        umask(before);
+        struct stat status {};
+        ASSERT_EQ(stat(made.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777, 0666 & ~closed);
+    }
+}
+
 TEST_F(TextFile, WriteThatADeviceRefusesGoesUnnoticed) {
     EXPECT_TRUE(replace_contents("/dev/full", "12"));
 }
