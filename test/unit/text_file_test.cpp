@@ -2,6 +2,7 @@
 
 #include "property/text_file.hpp"
 
+#include <cerrno>
 #include <csignal>
 #include <cstddef>
 #include <optional>
@@ -96,6 +97,12 @@ TEST_F(TextFile, FirstWordIsWaitedForAcrossSignals) {
     sigaction(SIGUSR1, &before, nullptr);
 }
 
+TEST_F(TextFile, SignalOfBeforeIsNotWaitedFor) {
+    write_text(path, "");
+    errno = EINTR;
+    EXPECT_EQ(first_word(path), "");
+}
+
 TEST_F(TextFile, FileThatIsNotThereHasNoFirstWord) {
     EXPECT_EQ(first_word(dir.file("none")), std::nullopt);
 }
@@ -108,6 +115,16 @@ TEST_F(TextFile, ContentsAreReplacedAsAWhole) {
     EXPECT_EQ(text_of(path), "");
     EXPECT_TRUE(replace_contents(path, std::string(100000, '9')));
     EXPECT_EQ(text_of(path), std::string(100000, '9'));
+}
+
+TEST_F(TextFile, FileMayGetTheLowestDescriptorOfAll) {
+    const int input = dup(STDIN_FILENO);
+    close(STDIN_FILENO);
+    EXPECT_TRUE(replace_contents(path, "12"));
+    EXPECT_EQ(first_word(path), "12");
+    EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), -1); // and is closed again
+    dup2(input, STDIN_FILENO);
+    close(input);
 }
 
 TEST_F(TextFile, FileThatIsNotThereIsMade) {
