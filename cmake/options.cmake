@@ -8,11 +8,8 @@ target_compile_options(brisel_options INTERFACE
     # A release is the same to the byte in whatever folder it is built.
     $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>
     -fstack-protector-strong
-    # Nothing here is aligned to more than 8 bytes: the program's operator new need not give 16, and
-    # its memory is a tenth smaller.
-    $<$<CXX_COMPILER_ID:GNU>:-faligned-new=8>
-    # The same, and as g++ has it an operator delete that is told the size.
-    $<$<CXX_COMPILER_ID:Clang>:-fnew-alignment=8 -fsized-deallocation>)
+    # As g++ has it: an operator delete that is told the size.
+    $<$<CXX_COMPILER_ID:Clang>:-fsized-deallocation>)
 target_link_options(brisel_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 
 # What the program and its tests are compiled with: the same, and the sanitizers where asked for.
