@@ -11,16 +11,18 @@ namespace {
 
 constexpr const char* lock_path = "/tmp/brisel.lock";
 
-int lock_fd = -1;
+constexpr int no_file = -1; // as open says it
+
+int lock_fd = no_file;
 
 } // namespace
 
 bool take_instance_lock() {
     lock_fd = open(lock_path, O_RDWR | O_CREAT, 0666);
-    if (lock_fd < 0) {
+    if (lock_fd == no_file) {
         standard_error.print_line(std::string("Failed to open ") + lock_path);
     }
-    if (lock_fd < 0 || flock(lock_fd, LOCK_EX) != 0) {
+    if (lock_fd == no_file || flock(lock_fd, LOCK_EX) != 0) {
         standard_error.print_line("Failed to lock!");
         return false;
     }
@@ -28,7 +30,7 @@ bool take_instance_lock() {
 }
 
 void release_instance_lock() {
-    if (lock_fd >= 0) {
+    if (lock_fd != no_file) {
         flock(lock_fd, LOCK_UN);
     }
 }

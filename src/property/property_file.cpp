@@ -102,7 +102,7 @@ T property_file<T>::requested_value(const std::string& text) {
     }
     const T number = extract<T>(text);
     if (m_min > number) {
-        return limited(text, m_min > m_max ? m_max : m_min);
+        return limited(text, std::min(m_min, m_max));
     }
     return number > m_max ? limited(text, m_max) : number;
 }

@@ -21,10 +21,7 @@ constexpr double voltage_step = 10000; // microvolts
 /** Unsigned 32-bit, saturating; not-a-number becomes 0. */
 std::uint32_t to_microvolts(double value) {
     constexpr std::uint32_t most = std::numeric_limits<std::uint32_t>::max();
-    if (value >= most) {
-        return most;
-    }
-    return value > 0 ? static_cast<std::uint32_t>(value) : 0;
+    return static_cast<std::uint32_t>(std::fmin(std::fmax(value, 0), most));
 }
 
 /** `std::stol` as it behaves where a `long` has 32 bits, on every host. */

@@ -8,7 +8,7 @@
 namespace {
 
 bool is_braced(const std::string& text) {
-    return text.size() >= 2 && text.front() == '{' && text.back() == '}';
+    return text.starts_with('{') && text.ends_with('}');
 }
 
 /** The runs of characters between the commas of a braced text: one more than there are commas. */
