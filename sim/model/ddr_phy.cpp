@@ -16,6 +16,8 @@ constexpr named_number phy_bases[] = {
     {0x1a419000, "pelune-ddr"},
 };
 
+constexpr std::uint32_t phy_size = 0x1000; // bytes
+
 constexpr named_number data_offsets[] = {
     {0x194, "read"},
     {0x1a0, "write"},
@@ -28,6 +30,9 @@ constexpr std::uint32_t select_offset = 0x12c;
 
 std::optional<banked_register> find_banked_register(std::uint32_t address) {
     for (const named_number& phy : phy_bases) {
+        if (address / phy_size != phy.number / phy_size) {
+            continue; // whole pages are asked for, word by word
+        }
         for (const named_number& data : data_offsets) {
             if (address == phy.number + data.number) {
                 return banked_register{phy.number + select_offset,

@@ -68,17 +68,26 @@ board_session::board_session(std::string folder, const std::string& trace_target
 
 void board_session::load_model() {
     const std::string file = m_folder + "/registers";
-    std::ifstream text = open_text(file);
+    std::ostringstream contents;
+    contents << open_text(file).rdbuf();
+    if (m_model && contents.view() == m_text) {
+        return; // nobody else has written: the model holds that already
+    }
+    std::istringstream text(contents.str());
     register_table registers = register_table::parse(text, file);
     m_faults.check_places(registers);
     m_model.emplace(std::move(registers), m_faults);
+    m_text = contents.str();
 }
 
-void board_session::save_model() const {
+void board_session::save_model() {
+    std::ostringstream contents;
+    m_model->registers().print(contents);
+    m_text = contents.str();
     const std::string file = m_folder + "/registers";
     const std::string new_file = file + "." + std::to_string(getpid());
     std::ofstream text(new_file);
-    m_model->registers().print(text);
+    text << m_text;
     text.close();
     if (!text || std::rename(new_file.c_str(), file.c_str()) != 0) {
         const std::string reason = std::strerror(errno);

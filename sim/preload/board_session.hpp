@@ -30,11 +30,11 @@ public:
     board_session(std::string folder, const std::string& trace_target,
                   const std::string& more_faults);
 
-    /** Reads the registers as they stand in the folder now. */
+    /** Takes the registers as they stand in the folder now. */
     void load_model();
 
     /** Writes the registers back, in one step: a reader sees the old table or the new one. */
-    void save_model() const;
+    void save_model();
 
     /** What the registers held when the device node was last opened, and what came after. */
     board_model& model() { return *m_model; }
@@ -65,6 +65,7 @@ private:
     fault_list m_faults;
     open_files m_files;
     std::optional<board_model> m_model;
+    std::string m_text; ///< of the registers, as last read or written
     std::array<std::atomic<std::uint32_t>, failing_calls> m_calls{}; ///< made so far
 };
 
