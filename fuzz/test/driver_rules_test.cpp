@@ -11,7 +11,7 @@
 #include "targets/separate_process.hpp"
 
 namespace fuzz {
-namespace {
+namespace driver_rules_test {
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -105,5 +105,5 @@ TEST(SeparateProcess, ThatEndsAbnormallyIsFound) {
                 ElementsAre(HasSubstr("the run ended abnormally")));
 }
 
-} // namespace
+} // namespace driver_rules_test
 } // namespace fuzz

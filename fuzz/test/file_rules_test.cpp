@@ -2,7 +2,7 @@
 #include "support/text_file.hpp"
 
 namespace fuzz {
-namespace {
+namespace file_rules_test {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -131,5 +131,5 @@ TEST_F(FileRules, ExceptionsAreARegulatorsAlone) {
                 ElementsAre(HasSubstr("std::invalid_argument"), HasSubstr("std::out_of_range")));
 }
 
-} // namespace
+} // namespace file_rules_test
 } // namespace fuzz

@@ -1,7 +1,7 @@
 #include "checker_fixture.hpp"
 
 namespace fuzz {
-namespace {
+namespace register_rules_test {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -214,5 +214,5 @@ TEST_F(RegisterRules, StepThatDoesNotLeadBackIsFound) {
     EXPECT_THAT(found(), ElementsAre("6 stepped by +3 and back is 7"));
 }
 
-} // namespace
+} // namespace register_rules_test
 } // namespace fuzz

@@ -12,7 +12,7 @@
 #include "support/text_file.hpp"
 #include "targets/targets.hpp"
 
-namespace {
+namespace seeds_test {
 
 using fuzz::access;
 using fuzz::findings;
@@ -138,4 +138,4 @@ TEST_P(ToolGoneWrong, IsNoticedOnTheSeeds) {
 
 INSTANTIATE_TEST_SUITE_P(Mistakes, ToolGoneWrong, testing::ValuesIn(mistakes), name_of<mistake>);
 
-} // namespace
+} // namespace seeds_test

@@ -24,7 +24,7 @@
 #include "reg/reg_info.hpp"
 #include "table.hpp"
 
-namespace {
+namespace catalogue_test {
 
 using value_map = reg_bitmask_map::value_map;
 
@@ -220,4 +220,4 @@ TEST(Catalogue, RegisterListsHoldTheirRegistersInOrder) {
     }
 }
 
-} // namespace
+} // namespace catalogue_test

@@ -27,7 +27,7 @@
 #include "support/fake_memory.hpp"
 #include "table.hpp"
 
-namespace {
+namespace registration_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -190,4 +190,4 @@ TEST(Registration, BuildingAndRegisteringTouchesNoHardware) {
     EXPECT_THAT(fake_memory::log, IsEmpty());
 }
 
-} // namespace
+} // namespace registration_test

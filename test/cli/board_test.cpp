@@ -16,9 +16,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::StartsWith;
 
-namespace {
-
-const std::string sda = "i2c0-delay::sda-delay";
+namespace board_test {
 
 /** The lines of the trace that open a file of the board in a directory. */
 std::vector<std::string> opened_below(const board& on_board, const std::string& directory) {
@@ -170,4 +168,4 @@ TEST(DqSet, EveryLaneOfEveryRegisterKeepsAWordOfItsOwn) {
     EXPECT_EQ(on_board.run({"-r", "pelune-ddr-read0::dq"}).out, "{1,2,3,4,5,6,7,8}\n");
 }
 
-} // namespace
+} // namespace board_test

@@ -3,7 +3,7 @@
 
 #include "cli/cli_case.hpp"
 
-namespace {
+namespace cli_table_test {
 
 class CommandLine : public testing::TestWithParam<cli_case> {};
 
@@ -37,4 +37,4 @@ INSTANTIATE_TEST_SUITE_P(Rdqs, CommandLine, rows_of(rdqs_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Regulators, CommandLine, rows_of(regulator_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Faults, CommandLine, rows_of(fault_cases), name_of);
 
-} // namespace
+} // namespace cli_table_test

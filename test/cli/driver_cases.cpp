@@ -6,7 +6,6 @@
 
 namespace {
 
-const std::string sda = "i2c0-delay::sda-delay";
 const std::string rdqs_missing = "open /sys/kernel/debug/mmc0/rdqs failed.\n";
 
 board_setup sda_is_3() {

@@ -10,7 +10,7 @@
 
 // The n-th call of a kind fails, for n = 1, 2, 3 ... until a run in which none is left to fail.
 
-namespace {
+namespace failing_calls_test {
 
 struct failing_kind {
     std::string call;
@@ -114,4 +114,4 @@ INSTANTIATE_TEST_SUITE_P(Of, FailingCalls,
                                           testing::ValuesIn(failing_kinds)),
                          name_of);
 
-} // namespace
+} // namespace failing_calls_test

@@ -5,9 +5,9 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
-namespace {
+#include "cli/texts.hpp"
 
-const std::string lock_file = "/tmp/brisel.lock";
+namespace {
 
 bool takes_lock(const std::string& path) {
     const descriptor lock(path, O_RDWR | O_CREAT);
@@ -17,8 +17,8 @@ bool takes_lock(const std::string& path) {
 } // namespace
 
 const std::vector<failing_command> failing_commands = {
-    {.name = "ReadOfARegister", .args = {"i2c0-delay::sda-delay"}},
-    {.name = "WriteOfARegister", .args = {"i2c0-delay::sda-delay", "5"}},
+    {.name = "ReadOfARegister", .args = {sda}},
+    {.name = "WriteOfARegister", .args = {sda, "5"}},
     {.name = "WriteOfADqSet", .args = {"pelune-ddr-read1::dq", "{1,2,3,4,5,6,7,8}"}},
     {.name = "ReadOfARegulator",
      .args = {"cpu_regulator::microvolts"},

@@ -9,7 +9,7 @@
 
 // The n-th request for memory fails, alone or with all that follow it.
 
-namespace {
+namespace failing_memory_test {
 
 /** What is run: the program, and the same program on the C library's memory. */
 struct memory_user {
@@ -108,4 +108,4 @@ INSTANTIATE_TEST_SUITE_P(Of, FailingMemory,
                                           testing::ValuesIn(memory_users)),
                          name_of);
 
-} // namespace
+} // namespace failing_memory_test

@@ -3,10 +3,7 @@
 
 namespace {
 
-const std::string sda = "i2c0-delay::sda-delay";
-const std::string odt = "orlin-ddra::odt";
 const std::string lanes = "pelune-ddr-read1::dq";
-const std::string lock_file = "/tmp/brisel.lock";
 const std::string no_lock_file = "Failed to open /tmp/brisel.lock\nFailed to lock!\n";
 
 /** What the process says last when it cannot reach a word. */

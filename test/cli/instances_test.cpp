@@ -22,10 +22,8 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-namespace {
+namespace instances_test {
 
-const std::string sda = "i2c0-delay::sda-delay";
-const std::string lock_file = "/tmp/brisel.lock";
 const std::string lock_opened = "open /tmp/brisel.lock rw";
 
 std::ptrdiff_t count(const std::vector<std::string>& lines, const std::string& line) {
@@ -141,4 +139,4 @@ TEST(Instances, AHundredStepsAtOnceOnOneFieldLoseNone) {
     EXPECT_EQ(on_board.run({"orlin-ddra1::scl"}).out, "100\n");
 }
 
-} // namespace
+} // namespace instances_test

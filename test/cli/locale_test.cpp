@@ -9,10 +9,9 @@
 
 // Another language, and another decimal point, change nothing.
 
-namespace {
+namespace locale_test {
 
 const std::string cpu = "cpu_regulator::microvolts";
-const std::string sda = "i2c0-delay::sda-delay";
 const std::string voltage = "/sys/class/regulator/regulator.1/microvolts";
 
 using variables = std::vector<std::pair<std::string, std::string>>;
@@ -101,4 +100,4 @@ TEST(Locale, WithAnotherDecimalPointMakesNoDifference) {
     expect_rows_in(german, regulator_cases);
 }
 
-} // namespace
+} // namespace locale_test

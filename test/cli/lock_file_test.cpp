@@ -8,13 +8,11 @@
 #include <unistd.h>
 
 #include "cli/board.hpp"
+#include "cli/texts.hpp"
 
 // The lock file that a run finds or makes. Those that it cannot open are rows of fault_cases.cpp.
 
-namespace {
-
-const std::string sda = "i2c0-delay::sda-delay";
-const std::string lock_file = "/tmp/brisel.lock";
+namespace lock_file_test {
 
 struct stat status_of(const std::string& path) {
     struct stat status {};
@@ -58,4 +56,4 @@ TEST(LockFile, IsCreatedForEveryoneThatTheUmaskLetsIn) {
     }
 }
 
-} // namespace
+} // namespace lock_file_test

@@ -13,10 +13,7 @@
 
 using testing::ElementsAre;
 
-namespace {
-
-const std::string sda = "i2c0-delay::sda-delay";
-const std::string lock_file = "/tmp/brisel.lock";
+namespace lost_streams_test {
 
 /** A board, and a run on it with some streams on a device in place of a file, or closed. */
 class LostStream : public testing::TestWithParam<const char*> {
@@ -119,4 +116,4 @@ TEST(PipeWithoutAReader, EndsTheRunWhereItFirstHasSomethingToSay) {
     EXPECT_EQ(on_board.run({sda}).out, "5\n"); // and leaves no lock behind
 }
 
-} // namespace
+} // namespace lost_streams_test

@@ -7,7 +7,7 @@
 
 // A board that does not hold what was written: the next run shows what it holds.
 
-namespace {
+namespace lying_board_test {
 
 struct lying_case {
     std::string name;
@@ -21,8 +21,6 @@ void PrintTo(const lying_case& row, std::ostream* out) {
     *out << row.property << " " << row.value << " with " << row.fault;
 }
 
-const std::string sda = "i2c0-delay::sda-delay";
-const std::string odt = "orlin-ddra::odt";
 const std::string dq3 = "orlin-ddra-read1::dq3";
 const std::string lanes = "orlin-ddra-read1::dq";
 
@@ -86,4 +84,4 @@ TEST(LyingBoardStep, StartsFromWhatTheRegisterKept) {
     EXPECT_EQ(on_board.run({sda}).out, "9\n");
 }
 
-} // namespace
+} // namespace lying_board_test

@@ -3,10 +3,9 @@
 
 namespace {
 
-const std::string sda = "i2c0-delay::sda-delay"; // bits 3..0
-const std::string vref = "ehci0-phy::tx-vref";   // bits 18..15
-const std::string tx = "ebus-delay::tx";         // bits 4..0
-const std::string scl = "orlin-ddra0::scl";      // a whole word
+const std::string vref = "ehci0-phy::tx-vref"; // bits 18..15
+const std::string tx = "ebus-delay::tx";       // bits 4..0
+const std::string scl = "orlin-ddra0::scl";    // a whole word
 
 const std::string nines = std::string(20, '9');
 

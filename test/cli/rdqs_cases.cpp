@@ -4,10 +4,10 @@
 namespace {
 
 const std::string rdqs = "mmc::rdqs";
-const std::string path = "/sys/kernel/debug/mmc0/rdqs";
+const std::string rdqs_file = "/sys/kernel/debug/mmc0/rdqs";
 
-board_setup holding(const std::string& text) {
-    return board_setup().file(path, text);
+board_setup rdqs_holding(const std::string& text) {
+    return board_setup().file(rdqs_file, text);
 }
 
 /** A write that takes the file from one text to another. */
@@ -15,9 +15,9 @@ cli_case changed(const std::string& name, const std::string& value, const std::s
                  const std::string& after, const std::string& message = "") {
     return {.name = name,
             .args = {rdqs, value},
-            .board = holding(before),
+            .board = rdqs_holding(before),
             .err = message + set_done(rdqs, value),
-            .files = {{path, after}}};
+            .files = {{rdqs_file, after}}};
 }
 
 std::string limited(const std::string& current, const std::string& request,
@@ -31,11 +31,11 @@ cli_case invalid(const std::string& name, std::vector<std::string> args,
     const bool write = args.size() > 1;
     return {.name = name,
             .args = args,
-            .board = holding(contents),
+            .board = rdqs_holding(contents),
             .out = write ? "" : "\n",
             .err = message + (write ? set_failed(args[0], args[1]) : get_failed(args[0])),
             .status = write ? 245 : 246,
-            .files = {{path, contents}}};
+            .files = {{rdqs_file, contents}}};
 }
 
 std::string not_valid(const std::string& value) {
@@ -47,33 +47,33 @@ std::string not_valid(const std::string& value) {
 const std::vector<cli_case> rdqs_cases = {
     {.name = "RdqsIsRead",
      .args = {rdqs},
-     .board = holding("105\n"),
+     .board = rdqs_holding("105\n"),
      .out = "105\n",
      .err = got(rdqs, "105"),
-     .files = {{path, "105\n"}}},
+     .files = {{rdqs_file, "105\n"}}},
     {.name = "RdqsIsDecimalInHexadecimalMode",
      .args = {"-x", rdqs},
-     .board = holding("105\n"),
+     .board = rdqs_holding("105\n"),
      .out = "105\n",
      .err = got(rdqs, "105")},
     {.name = "RdqsIsTheFirstWordOfItsFile",
      .args = {rdqs},
-     .board = holding(" \t17 99\n"),
+     .board = rdqs_holding(" \t17 99\n"),
      .out = "17\n",
      .err = got(rdqs, "17")},
     {.name = "RdqsEndsAtTheFirstOtherCharacter",
      .args = {rdqs},
-     .board = holding("17abc\n"),
+     .board = rdqs_holding("17abc\n"),
      .out = "17\n",
      .err = got(rdqs, "17")},
     {.name = "RdqsOfTheLowerBoundIsValid",
      .args = {rdqs},
-     .board = holding("2"),
+     .board = rdqs_holding("2"),
      .out = "2\n",
      .err = got(rdqs, "2")},
     {.name = "RdqsOfTheUpperBoundIsValid",
      .args = {rdqs},
-     .board = holding("255"),
+     .board = rdqs_holding("255"),
      .out = "255\n",
      .err = got(rdqs, "255")},
 
@@ -107,9 +107,9 @@ const std::vector<cli_case> rdqs_cases = {
 
     {.name = "RdqsHexadecimalModeStillReadsDecimal",
      .args = {"-x", rdqs, "10"},
-     .board = holding("40\n"),
+     .board = rdqs_holding("40\n"),
      .err = set_done(rdqs, "10"),
-     .files = {{path, "10"}}},
+     .files = {{rdqs_file, "10"}}},
 
     invalid("RdqsAboveItsRangeCannotBeRead", {rdqs}, "300\n", not_valid("300")),
     invalid("RdqsAboveItsRangeCannotBeWritten", {rdqs, "40"}, "300\n", not_valid("300")),
@@ -121,26 +121,26 @@ const std::vector<cli_case> rdqs_cases = {
             not_valid("2147483647")),
     {.name = "RdqsMissingFileCannotBeRead",
      .args = {rdqs},
-     .board = board_setup().fault("no-open " + path),
+     .board = board_setup().fault("no-open " + rdqs_file),
      .out = "\n",
-     .err = "open " + path + " failed.\n" + get_failed(rdqs),
+     .err = "open " + rdqs_file + " failed.\n" + get_failed(rdqs),
      .status = 246},
     {.name = "RdqsMissingFileCannotBeWritten",
      .args = {rdqs, "40"},
-     .board = holding("40\n").fault("no-open " + path),
-     .err = "open " + path + " failed.\n" + set_failed(rdqs, "40"),
+     .board = rdqs_holding("40\n").fault("no-open " + rdqs_file),
+     .err = "open " + rdqs_file + " failed.\n" + set_failed(rdqs, "40"),
      .status = 245,
-     .files = {{path, "40\n"}}},
+     .files = {{rdqs_file, "40\n"}}},
 
     {.name = "RdqsFileThatIsNotWritableFailsTheWrite",
      .args = {rdqs, "50"},
-     .board = holding("40\n").fault("no-write " + path),
-     .err = "open " + path + " failed.\n" + set_failed(rdqs, "50"),
+     .board = rdqs_holding("40\n").fault("no-write " + rdqs_file),
+     .err = "open " + rdqs_file + " failed.\n" + set_failed(rdqs, "50"),
      .status = 245,
-     .files = {{path, "40\n"}}},
+     .files = {{rdqs_file, "40\n"}}},
     {.name = "RdqsOutOfRangeIsReportedWhateverIsDone",
      .args = {"-h"},
-     .board = holding("300\n"),
+     .board = rdqs_holding("300\n"),
      .out = usage,
      .err = not_valid("300"),
      .status = 254},

@@ -3,14 +3,14 @@
 
 namespace {
 
-constexpr std::uint32_t read_data = 0x1a419194;
+constexpr std::uint32_t pelune_read_data = 0x1a419194;
 const std::string lanes = "pelune-ddr-read1::dq";
 
 /** The lanes of pelune-ddr-read1 hold these words. */
-board_setup holding(const std::vector<std::uint32_t>& words) {
+board_setup lanes_holding(const std::vector<std::uint32_t>& words) {
     board_setup setup;
     for (std::uint32_t lane = 0; lane < words.size(); ++lane) {
-        setup.word(read_data, lane * 0x100 + 7, words[lane]);
+        setup.word(pelune_read_data, lane * 0x100 + 7, words[lane]);
     }
     return setup;
 }
@@ -25,7 +25,7 @@ const std::vector<std::string> all_read = {
 };
 
 board_setup one_to_eight() {
-    return holding({0x41, 0x42, 0x43, 0x44, 5, 6, 7, 8});
+    return lanes_holding({0x41, 0x42, 0x43, 0x44, 5, 6, 7, 8});
 }
 
 /**

@@ -7,9 +7,7 @@
 
 // What arrives where standard output and standard error lead, and in which order.
 
-namespace {
-
-const std::string sda = "i2c0-delay::sda-delay";
+namespace streams_test {
 
 board_setup sda_is_3() {
     return board_setup().word(0x10090110, 0x3);
@@ -103,4 +101,4 @@ TEST(List, IsTheSameInAFileInAPipeAndInATerminal) {
     EXPECT_EQ(run_in_terminal(on_board.launch({"-l"})).text(), in_terminal(list));
 }
 
-} // namespace
+} // namespace streams_test

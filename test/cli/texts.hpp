@@ -2,6 +2,11 @@
 
 #include <string>
 
+/** Names that many rows and tests use: a plain field, a mapped one, and the lock file. */
+inline const std::string sda = "i2c0-delay::sda-delay"; // bits 3..0
+inline const std::string odt = "orlin-ddra::odt";
+inline const std::string lock_file = "/tmp/brisel.lock";
+
 /** Texts that many rows expect. */
 inline const std::string usage = "brisel [options] [<property> [value if write]]\n"
                                  "options:\n"

@@ -4,7 +4,7 @@
 
 // What the board makes of a program's accesses to the device node, right and wrong.
 
-namespace {
+namespace board_access_test {
 
 class sim_board_access : public board_fixture {};
 
@@ -105,4 +105,4 @@ TEST_F(sim_board_access, an_offset_that_is_no_page_cannot_be_mapped) {
                                                    "mmap: Invalid argument\n");
 }
 
-} // namespace
+} // namespace board_access_test

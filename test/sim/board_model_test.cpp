@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 namespace sim {
-namespace {
+namespace board_model_test {
 
 constexpr std::uint32_t control = 0x18428120;
 constexpr std::uint32_t select = 0x1842812c;
@@ -120,5 +120,5 @@ TEST(sim_board_model, a_select_register_that_reads_back_something_else_still_sel
     EXPECT_EQ(board.read(read_delay), 0x42u);
 }
 
-} // namespace
+} // namespace board_model_test
 } // namespace sim

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 namespace sim {
-namespace {
+namespace board_paths_test {
 
 TEST(sim_board_paths, the_boards_places_and_what_lies_in_them_are_the_boards) {
     for (const char* const path :
@@ -21,5 +21,5 @@ TEST(sim_board_paths, the_machines_own_files_are_not) {
     }
 }
 
-} // namespace
+} // namespace board_paths_test
 } // namespace sim

@@ -5,7 +5,7 @@
 
 // The board's folder, its files and its faults, by way of the launcher.
 
-namespace {
+namespace board_run_test {
 
 namespace fs = std::filesystem;
 
@@ -211,4 +211,4 @@ TEST_F(sim_board_run, nothing_but_the_board_is_left_in_its_folder) {
     EXPECT_EQ(names, (std::set<std::string>{"faults", "registers", "root"}));
 }
 
-} // namespace
+} // namespace board_run_test

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 namespace sim {
-namespace {
+namespace fault_list_test {
 
 constexpr const char* rdqs = "/sys/kernel/debug/mmc0/rdqs";
 
@@ -169,5 +169,5 @@ TEST(sim_fault_list, a_fault_of_a_register_that_is_not_there_is_refused_with_its
     }
 }
 
-} // namespace
+} // namespace fault_list_test
 } // namespace sim

@@ -12,7 +12,7 @@
 // The folder that every board begins as a copy of.
 
 namespace sim {
-namespace {
+namespace power_on_test {
 
 const std::string folder = POWER_ON_DIR;
 
@@ -165,5 +165,5 @@ TEST(sim_power_on, there_is_no_fault_and_every_example_of_one_is_right) {
     EXPECT_NO_THROW(examples.check_places(registers()));
 }
 
-} // namespace
+} // namespace power_on_test
 } // namespace sim

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 namespace sim {
-namespace {
+namespace register_table_test {
 
 register_table table_of(const std::string& text) {
     std::istringstream stream(text);
@@ -106,5 +106,5 @@ TEST(sim_register_table, a_word_that_is_listed_twice_is_refused) {
               "registers:2: this word is listed already");
 }
 
-} // namespace
+} // namespace register_table_test
 } // namespace sim

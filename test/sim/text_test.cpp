@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 namespace sim {
-namespace {
+namespace text_test {
 
 TEST(sim_text, words_are_taken_from_the_front) {
     std::string_view rest = "  one\ttwo three \r";
@@ -45,5 +45,5 @@ TEST(sim_text, words_are_shown_with_eight_lower_case_digits) {
     EXPECT_EQ(hex_text(0xffffffff), "0xffffffff");
 }
 
-} // namespace
+} // namespace text_test
 } // namespace sim

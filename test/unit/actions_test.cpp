@@ -16,7 +16,7 @@
 #include "support/hardware_test.hpp"
 #include "support/write_log.hpp"
 
-namespace {
+namespace actions_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -244,4 +244,4 @@ TEST_F(ActionsOnFields, RefusedWriteTouchesNoHardware) {
     EXPECT_THAT(fake_memory::log, IsEmpty());
 }
 
-} // namespace
+} // namespace actions_test

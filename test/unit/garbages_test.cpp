@@ -12,7 +12,7 @@
 #include "reg/reg_bitmask.hpp"
 #include "support/hardware_test.hpp"
 
-namespace {
+namespace garbages_test {
 
 using testing::Eq;
 using testing::ExitedWithCode;
@@ -109,4 +109,4 @@ TEST_F(GarbagesDeathTest, AddGarbageHandsARegisterOver) {
         ExitedWithCode(0), Eq("register later\nregister handed over\n"));
 }
 
-} // namespace
+} // namespace garbages_test

@@ -12,7 +12,7 @@
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
 
-namespace {
+namespace instance_lock_test {
 
 TEST(InstanceLock, ReleasingWithoutHavingTakenItDoesNothing) {
     errno = 0;
@@ -40,4 +40,4 @@ TEST(InstanceLock, ReleasingWithoutHavingTakenItLeavesTheLocksOfStandardStreamsA
     close(other);
 }
 
-} // namespace
+} // namespace instance_lock_test

@@ -8,7 +8,7 @@
 
 // This program is linked with the operators of cli/memory.cpp, and runs on them as a whole.
 
-namespace {
+namespace memory_test {
 
 /** Keeps the compiler from leaving out an allocation, and from judging its size. */
 void* block_of(std::size_t size) {
@@ -73,4 +73,4 @@ TEST(Memory, MoreThanThereIsRaisesBadAlloc) {
     EXPECT_NE(block_of(8), nullptr); // and what is there stays usable
 }
 
-} // namespace
+} // namespace memory_test

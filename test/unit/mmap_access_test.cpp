@@ -18,7 +18,7 @@
 #include "support/process_files.hpp"
 #include "support/temp_dir.hpp"
 
-namespace {
+namespace mmap_access_test {
 
 namespace fs = std::filesystem;
 
@@ -238,4 +238,4 @@ TEST_F(MmapAccessDeathTest, ARefusedMappingEndsTheProcessWithOneLine) {
                 Eq(report("map", "0x0000012c", ENODEV)));
 }
 
-} // namespace
+} // namespace mmap_access_test

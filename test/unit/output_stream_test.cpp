@@ -16,7 +16,7 @@
 #include "support/captured_stream.hpp"
 #include "support/write_log.hpp"
 
-namespace {
+namespace output_stream_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -151,4 +151,4 @@ TEST(WriteAll, GoesOnAfterSignalsAndPartsThatWereWritten) {
     sigaction(SIGUSR1, &before, nullptr);
 }
 
-} // namespace
+} // namespace output_stream_test

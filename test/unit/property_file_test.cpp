@@ -15,7 +15,7 @@
 #include "support/text_file.hpp"
 #include "support/write_log.hpp"
 
-namespace {
+namespace property_file_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -221,4 +221,4 @@ TEST_F(PropertyFile, LimitIsTheUpperBoundWhenTheBoundsAreReversed) {
     EXPECT_EQ(shown(p), "50");
 }
 
-} // namespace
+} // namespace property_file_test

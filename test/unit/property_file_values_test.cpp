@@ -13,7 +13,7 @@
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
 
-namespace {
+namespace property_file_values_test {
 
 constexpr int int_min = std::numeric_limits<int>::min();
 constexpr int int_max = std::numeric_limits<int>::max();
@@ -174,4 +174,4 @@ const request_row relative_rows[] = {
 INSTANTIATE_TEST_SUITE_P(Relative, FileRequest, testing::ValuesIn(relative_rows),
                          [](const auto& row) { return row.param.test_name; });
 
-} // namespace
+} // namespace property_file_values_test

@@ -16,7 +16,7 @@
 #include "support/hardware_test.hpp"
 #include "support/heap.hpp"
 
-namespace {
+namespace property_group_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -216,4 +216,4 @@ TEST_F(PropertyGroup, FreeAllTwiceOrOnNothingIsHarmless) {
     EXPECT_EQ(messages(), "");
 }
 
-} // namespace
+} // namespace property_group_test

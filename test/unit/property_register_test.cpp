@@ -16,7 +16,7 @@
 #include "support/shown.hpp"
 #include "support/write_log.hpp"
 
-namespace {
+namespace property_register_test {
 
 using fake_memory::log;
 using fake_memory::read;
@@ -261,4 +261,4 @@ TEST_F(PropertyRegister, EveryMessageIsOneWrite) {
                                            "property wide::all is already registered.\n"));
 }
 
-} // namespace
+} // namespace property_register_test

@@ -10,7 +10,7 @@
 #include "support/field_properties.hpp"
 #include "support/shown.hpp"
 
-namespace {
+namespace property_register_text_test {
 
 using fake_memory::log;
 using fake_memory::read;
@@ -198,4 +198,4 @@ const format_row format_rows[] = {
 INSTANTIATE_TEST_SUITE_P(Word, FieldFormat, testing::ValuesIn(format_rows),
                          [](const auto& row) { return row.param.hexadecimal_text; });
 
-} // namespace
+} // namespace property_register_text_test

@@ -13,7 +13,7 @@
 #include "support/shown.hpp"
 #include "support/write_log.hpp"
 
-namespace {
+namespace property_regulator_voltage_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -184,4 +184,4 @@ TEST_F(RegulatorVoltage, EveryMessageIsOneWrite) {
                                         "2000000mv: out of range(800000-1300000)\n"));
 }
 
-} // namespace
+} // namespace property_regulator_voltage_test

@@ -12,7 +12,7 @@
 #include "support/regulator.hpp"
 #include "support/shown.hpp"
 
-namespace {
+namespace property_regulator_voltage_values_test {
 
 constexpr const char* out_of_limits = "mv: out of range(800000-1300000)\n";
 
@@ -242,4 +242,4 @@ TEST_F(RegulatorArithmetic, PercentageIsMultipliedBeforeItIsDivided) {
     EXPECT_EQ(m_regulator.microvolts(), "830000");
 }
 
-} // namespace
+} // namespace property_regulator_voltage_values_test

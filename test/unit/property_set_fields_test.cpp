@@ -10,7 +10,7 @@
 #include "support/field_properties.hpp"
 #include "support/shown.hpp"
 
-namespace {
+namespace property_set_fields_test {
 
 using fake_memory::log;
 using fake_memory::read;
@@ -103,4 +103,4 @@ TEST_F(PropertySetOfFields, ErrorOfAMemberPassesThroughAndKeepsWhatIsWritten) {
     EXPECT_EQ(shown(m_set), "{1,22}");
 }
 
-} // namespace
+} // namespace property_set_fields_test

@@ -14,7 +14,7 @@
 #include "support/shown.hpp"
 #include "support/write_log.hpp"
 
-namespace {
+namespace property_set_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -211,4 +211,4 @@ TEST_F(PropertySet, EveryMessageIsOneWrite) {
     EXPECT_THAT(log.take(), ElementsAre("2 != 1\n", "set failed\n"));
 }
 
-} // namespace
+} // namespace property_set_test

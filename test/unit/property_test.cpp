@@ -15,7 +15,7 @@
 #include "support/hardware_test.hpp"
 #include "support/heap.hpp"
 
-namespace {
+namespace property_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -219,4 +219,4 @@ TEST_F(Property, FreeAllTwiceOrOnNothingIsHarmless) {
     EXPECT_EQ(messages(), "");
 }
 
-} // namespace
+} // namespace property_test

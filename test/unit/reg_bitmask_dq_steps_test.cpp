@@ -4,7 +4,7 @@
 
 #include "support/hardware_test.hpp"
 
-namespace {
+namespace reg_bitmask_dq_steps_test {
 
 using fake_memory::read;
 using testing::ElementsAre;
@@ -72,4 +72,4 @@ TEST_F(RegBitmaskDqSteps, EveryValueTakesEveryStepFromMinus200To200) {
     EXPECT_EQ(warnings, 20192);
 }
 
-} // namespace
+} // namespace reg_bitmask_dq_steps_test

@@ -9,7 +9,7 @@
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
 
-namespace {
+namespace reg_bitmask_dq_test {
 
 using fake_memory::read;
 using fake_memory::words;
@@ -190,4 +190,4 @@ TEST_F(RegBitmaskDq, AStepOfAnUnreadableFieldFailsAtOnce) {
     EXPECT_THAT(messages(), IsEmpty());
 }
 
-} // namespace
+} // namespace reg_bitmask_dq_test

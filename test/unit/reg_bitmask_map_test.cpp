@@ -7,7 +7,7 @@
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
 
-namespace {
+namespace reg_bitmask_map_test {
 
 using fake_memory::read;
 using fake_memory::words;
@@ -201,4 +201,4 @@ TEST_F(RegBitmaskMapDeathTest, TheMapOutlivesTheFieldsThatShareIt) {
         ExitedWithCode(0), Eq(""));
 }
 
-} // namespace
+} // namespace reg_bitmask_map_test

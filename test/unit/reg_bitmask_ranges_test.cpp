@@ -8,7 +8,7 @@
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 
-namespace {
+namespace reg_bitmask_ranges_test {
 
 using fake_memory::read;
 using testing::ElementsAre;
@@ -122,4 +122,4 @@ TEST_F(RegBitmaskRanges, LimitsAreZeroAndTheLargest) {
     });
 }
 
-} // namespace
+} // namespace reg_bitmask_ranges_test

@@ -5,7 +5,7 @@
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
 
-namespace {
+namespace reg_bitmask_ro_test {
 
 using fake_memory::read;
 using testing::ElementsAre;
@@ -67,4 +67,4 @@ TEST_F(RegBitmaskRo, AStepBeyondTheLimitsWarnsBeforeItIsRefused) {
                           "adjusted to 15\n");
 }
 
-} // namespace
+} // namespace reg_bitmask_ro_test

@@ -9,7 +9,7 @@
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
 
-namespace {
+namespace reg_bitmask_test {
 
 using fake_memory::read;
 using fake_memory::words;
@@ -237,4 +237,4 @@ TEST_F(RegBitmask, GetTranslatesTheExtractedBitsAndGivesTheAnswerOfTheHook) {
     EXPECT_THAT(messages(), IsEmpty());
 }
 
-} // namespace
+} // namespace reg_bitmask_test

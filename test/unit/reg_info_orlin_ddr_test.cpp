@@ -7,7 +7,7 @@
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 
-namespace {
+namespace reg_info_orlin_ddr_test {
 
 using fake_memory::read;
 using fake_memory::words;
@@ -108,4 +108,4 @@ TEST_F(RegInfoOrlinDdr, CommitReadsBackThroughTheVirtualTable) {
     EXPECT_THAT(fake_memory::log, ElementsAre(write(sel, selector), write(data, 7)));
 }
 
-} // namespace
+} // namespace reg_info_orlin_ddr_test

@@ -4,7 +4,7 @@
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 
-namespace {
+namespace reg_info_orlin_dq_strangers_test {
 
 using fake_memory::read;
 using fake_memory::words;
@@ -102,4 +102,4 @@ TEST_F(RegInfoOrlinDqStrangers, CommitReadsBackThroughTheVirtualTable) {
                                               write(sel, 0x307), write(data, 0x12345685)));
 }
 
-} // namespace
+} // namespace reg_info_orlin_dq_strangers_test

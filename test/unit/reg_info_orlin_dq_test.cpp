@@ -7,7 +7,7 @@
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 
-namespace {
+namespace reg_info_orlin_dq_test {
 
 using fake_memory::read;
 using fake_memory::words;
@@ -193,4 +193,4 @@ TEST_F(RegInfoOrlinDq, OfTwoLanesWithTheSameNameOnlyTheLaterIsCommitted) {
                 ElementsAre(write(sel, 0x507), write(data, 2), write(sel, 7), read(data, 2)));
 }
 
-} // namespace
+} // namespace reg_info_orlin_dq_test

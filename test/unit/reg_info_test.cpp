@@ -11,7 +11,7 @@
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 
-namespace {
+namespace reg_info_test {
 
 using fake_memory::read;
 using fake_memory::words;
@@ -199,4 +199,4 @@ TEST_F(RegInfo, DoesNotDeleteItsFields) {
     EXPECT_THAT(value_of(m_low, m_register), Optional(7U));
 }
 
-} // namespace
+} // namespace reg_info_test

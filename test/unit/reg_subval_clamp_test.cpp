@@ -7,7 +7,7 @@
 #include "support/hardware_test.hpp"
 #include "support/write_log.hpp"
 
-namespace {
+namespace reg_subval_clamp_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -110,4 +110,4 @@ TEST(RegSubvalClampMessage, IsOneWrite) {
                                             "range (0 ~ 127). adjusted to 127\n"));
 }
 
-} // namespace
+} // namespace reg_subval_clamp_test

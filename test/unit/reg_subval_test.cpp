@@ -9,7 +9,7 @@
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
 
-namespace {
+namespace reg_subval_test {
 
 using testing::_;
 using testing::DoAll;
@@ -168,4 +168,4 @@ TEST_F(RegSubval, TheWantedValueIsASigned64BitSumThatWraps) {
     EXPECT_THAT(messages(), IsEmpty());
 }
 
-} // namespace
+} // namespace reg_subval_test

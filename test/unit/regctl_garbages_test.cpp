@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace {
+namespace regctl_garbages_test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -90,4 +90,4 @@ TEST(RegctlGarbages, IsDeletedThroughItsOwnVirtualDestructorAndNeverCopied) {
     EXPECT_FALSE(std::is_copy_assignable_v<garbages>);
 }
 
-} // namespace
+} // namespace regctl_garbages_test

@@ -18,7 +18,7 @@
 #include "support/hardware_test.hpp"
 #include "support/heap.hpp"
 
-namespace {
+namespace register_properties_test {
 
 using testing::IsEmpty;
 
@@ -170,4 +170,4 @@ TEST_F(RegisterProperties, AllocationFailureIsRaisedAndLeavesEveryPropertyOneOwn
     }
 }
 
-} // namespace
+} // namespace register_properties_test

@@ -10,7 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace {
+namespace standard_streams_test {
 
 bool is_open(int descriptor) {
     return fcntl(descriptor, F_GETFD) != -1;
@@ -51,4 +51,4 @@ TEST(StandardStreams, ClosedOnesAreTheNullDeviceAndTheOthersAreLeftAlone) {
     }
 }
 
-} // namespace
+} // namespace standard_streams_test

@@ -18,7 +18,7 @@
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
 
-namespace {
+namespace text_file_test {
 
 class TextFile : public testing::Test {
 protected:
@@ -150,4 +150,4 @@ TEST_F(TextFile, WriteThatADeviceRefusesGoesUnnoticed) {
     EXPECT_TRUE(replace_contents("/dev/full", "12"));
 }
 
-} // namespace
+} // namespace text_file_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+namespace wrapping_test {
 
 constexpr long long lowest = std::numeric_limits<long long>::min();
 constexpr long long highest = std::numeric_limits<long long>::max();
@@ -67,4 +67,4 @@ TEST(Wrapping, TheWidthIsThatOfTheOperands) {
     EXPECT_EQ(wrapping_subtract<long long>(lowest32, 1), -0x80000001LL);
 }
 
-} // namespace
+} // namespace wrapping_test
