@@ -3,6 +3,7 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -57,8 +58,15 @@ TEST(Memory, NullIsNoBlock) {
 }
 
 TEST(Memory, GrowsChunkByChunk) {
-    for (int i = 0; i < 100; ++i) {
-        std::memset(block_of(100000), 0x55, 100000);
+    constexpr std::size_t size = 10000; // several fit into a chunk
+    std::vector<unsigned char*> blocks;
+    for (unsigned char i = 0; i < 100; ++i) {
+        blocks.push_back(static_cast<unsigned char*>(block_of(size)));
+        std::memset(blocks.back(), i, size);
+    }
+    for (unsigned char i = 0; i < 100; ++i) {
+        EXPECT_EQ(blocks[i][0], i);
+        EXPECT_EQ(blocks[i][size - 1], i);
     }
 }
 

@@ -41,7 +41,7 @@ private:
     void select(const reg_bitmask_dq& field) const;
 
     // A lane without an entry has the word 0 and is neither read nor stored, which is how every
-    // lane begins. Of hundreds of lanes a run uses a few, so only those get entries.
+    // lane begins. A run uses few of the registers, so only their lanes get entries.
 
     /** The word last read for the field or stored for it. */
     std::map<reg_subval*, unsigned int> m_dq_values;
