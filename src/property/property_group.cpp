@@ -18,11 +18,12 @@ property_group* property_group::register_property_group(const std::string& name)
 }
 
 property_group* property_group::get_property_group(const std::string& name) {
+    property_group* found = nullptr;
     try {
-        return property_groups[name];
-    } catch (...) {
-        return nullptr;
+        found = property_groups[name];
+    } catch (...) { // no memory for the entry
     }
+    return found;
 }
 
 std::map<std::string, property_group*> property_group::get_groups() {

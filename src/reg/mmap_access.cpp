@@ -14,16 +14,16 @@ const char* fname = "/dev/zeb_mem";
 namespace {
 
 constexpr unsigned int page_size = 0x1000;
-constexpr unsigned int offset_mask = page_size - 1;
 
 /** The word at one physical address, mapped for as long as the object lives. */
 class mapped_word {
 public:
     explicit mapped_word(unsigned int address)
         : m_fd(checked(open(fname, O_RDWR | O_SYNC), -1, "open", address)),
-          m_page(checked(map_page(m_fd, address & ~offset_mask), MAP_FAILED, "map", address)),
+          m_page(
+              checked(map_page(m_fd, address - address % page_size), MAP_FAILED, "map", address)),
           m_word(reinterpret_cast<volatile unsigned int*>(static_cast<unsigned char*>(m_page) +
-                                                          (address & offset_mask))) {}
+                                                          address % page_size)) {}
     ~mapped_word() {
         munmap(m_page, page_size);
         close(m_fd);

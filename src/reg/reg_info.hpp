@@ -60,7 +60,7 @@ public:
 protected:
     /** The cached word: no meaning before the first read. Every access is sequentially
      *  consistent, so that it is never moved across a hardware access. */
-    std::atomic<unsigned int> m_value{0};
+    std::atomic<unsigned int> m_value{};
 
 public:
     /** The fields by name; not owned. */
