@@ -1,9 +1,21 @@
 # shellcheck shell=sh
 # How the checks run tests. To be sourced.
 
+# has_room FOLDER: whether it has a gigabyte for files and lets programs run there.
+has_room() {
+    [ -w "$1" ] && [ "$(df -Pk "$1" | awk 'NR == 2 { print $4 }')" -ge 1000000 ] || return
+    program=$(mktemp -p "$1") || return
+    printf '#!/bin/sh\n' >"$program"
+    chmod +x "$program"
+    runs=0
+    "$program" 2>/dev/null || runs=1
+    rm "$program"
+    return "$runs"
+}
+
 # Tests make thousands of small files: in memory, where a folder for that is to be had.
 tests_folder=${TMPDIR:-/tmp}
-if [ -d /dev/shm ] && [ -w /dev/shm ]; then
+if [ -z "${TMPDIR:-}" ] && has_room /dev/shm; then
     tests_folder=/dev/shm
 fi
 

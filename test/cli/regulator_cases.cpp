@@ -21,8 +21,8 @@ board_setup within(const std::string& min, const std::string& max) {
         .file(directory + "/max_microvolts", max + "\n");
 }
 
-cli_case changed(const std::string& name, const std::string& value, board_setup setup,
-                 const std::string& after) {
+cli_case voltage_changed(const std::string& name, const std::string& value, board_setup setup,
+                         const std::string& after) {
     return {.name = name,
             .args = {cpu, value},
             .board = std::move(setup),
@@ -31,7 +31,8 @@ cli_case changed(const std::string& name, const std::string& value, board_setup 
 }
 
 /** A value that is refused at 1000000 microvolts. */
-cli_case refused(const std::string& name, const std::string& value, const std::string& message) {
+cli_case voltage_refused(const std::string& name, const std::string& value,
+                         const std::string& message) {
     return {.name = name,
             .args = {cpu, value},
             .board = at("1000000"),
@@ -41,7 +42,7 @@ cli_case refused(const std::string& name, const std::string& value, const std::s
 }
 
 /** A value that ends the run at 1000000 microvolts. */
-cli_case ended(const std::string& name, const std::string& value, const std::string& type) {
+cli_case voltage_ended(const std::string& name, const std::string& value, const std::string& type) {
     return {.name = name,
             .args = {cpu, value},
             .board = at("1000000"),
@@ -92,16 +93,17 @@ const std::vector<cli_case> regulator_cases = {
      .out = "1100000\n",
      .err = got(cpu, "1100000")},
 
-    changed("VoltageIsWrittenWithoutANewline", "1000000", at("900000"), "1000000"),
-    changed("VoltageIsRaisedToAWholeStep", "1005000", at("900000"), "1010000"),
-    changed("OneMicrovoltIsRaisedToAWholeStep", "1000001", at("900000"), "1010000"),
-    changed("FractionOfAMicrovoltIsRaisedToAWholeStep", "1000000.5", at("900000"), "1010000"),
-    changed("VoltageMayHaveAnExponent", "1.25e6", at("900000"), "1250000"),
-    changed("VoltageIsReadAsStodReadsHexadecimal", "0xf4240", at("900000"), "1000000"),
-    changed("TextBehindTheVoltageIsIgnored", "1000000uV", at("900000"), "1000000"),
-    changed("SignIsPartOfTheVoltageAndNoStep", "+1000000", at("900000"), "1000000"),
-    changed("LowestVoltageIsAccepted", "800000", at("900000"), "800000"),
-    changed("HighestVoltageIsAccepted", "1300000", at("900000"), "1300000"),
+    voltage_changed("VoltageIsWrittenWithoutANewline", "1000000", at("900000"), "1000000"),
+    voltage_changed("VoltageIsRaisedToAWholeStep", "1005000", at("900000"), "1010000"),
+    voltage_changed("OneMicrovoltIsRaisedToAWholeStep", "1000001", at("900000"), "1010000"),
+    voltage_changed("FractionOfAMicrovoltIsRaisedToAWholeStep", "1000000.5", at("900000"),
+                    "1010000"),
+    voltage_changed("VoltageMayHaveAnExponent", "1.25e6", at("900000"), "1250000"),
+    voltage_changed("VoltageIsReadAsStodReadsHexadecimal", "0xf4240", at("900000"), "1000000"),
+    voltage_changed("TextBehindTheVoltageIsIgnored", "1000000uV", at("900000"), "1000000"),
+    voltage_changed("SignIsPartOfTheVoltageAndNoStep", "+1000000", at("900000"), "1000000"),
+    voltage_changed("LowestVoltageIsAccepted", "800000", at("900000"), "800000"),
+    voltage_changed("HighestVoltageIsAccepted", "1300000", at("900000"), "1300000"),
 
     {.name = "HexadecimalModeStillReadsDecimal",
      .args = {"-x", cpu, "1200000"},
@@ -109,35 +111,40 @@ const std::vector<cli_case> regulator_cases = {
      .err = set_done(cpu, "1200000"),
      .files = {{voltage_file, "1200000"}}},
 
-    changed("NinetyFivePercent", "95%", at("1000000"), "950000"),
-    changed("NinetyThreePercentIsTheLeast", "93%", at("1000000"), "930000"),
-    changed("HundredAndSevenPercentIsExact", "107%", at("1000000"), "1070000"),
-    changed("PercentageIsOfThePresentVoltage", "95%", at("950000"), "910000"),
-    changed("FractionOfAPercentIsRaisedToAWholeStep", "100.1%", at("1000000"), "1010000"),
+    voltage_changed("NinetyFivePercent", "95%", at("1000000"), "950000"),
+    voltage_changed("NinetyThreePercentIsTheLeast", "93%", at("1000000"), "930000"),
+    voltage_changed("HundredAndSevenPercentIsExact", "107%", at("1000000"), "1070000"),
+    voltage_changed("PercentageIsOfThePresentVoltage", "95%", at("950000"), "910000"),
+    voltage_changed("FractionOfAPercentIsRaisedToAWholeStep", "100.1%", at("1000000"), "1010000"),
 
-    refused("NinetyTwoPercentIsOutOfRange", "92%", "percentage 92%: out of range"),
-    refused("PercentageIsShownWithoutTrailingZeros", "107.50%", "percentage 107.5%: out of range"),
-    refused("PercentageIsShownWithSixDigits", "92.123456789%", "percentage 92.1235%: out of range"),
-    refused("LargePercentageIsShownWithAnExponent", "12345678%",
-            "percentage 1.23457e+07%: out of range"),
-    refused("NegativePercentageIsOutOfRange", "-5%", "percentage -5%: out of range"),
-    refused("InfinitePercentageIsOutOfRange", "inf%", "percentage inf%: out of range"),
-    refused("PercentageThatIsNoNumberBecomesZero", "nan%", "0mv: out of range(800000-1300000)"),
-    refused("VoltageAboveTheLimits", "2000000", "2000000mv: out of range(800000-1300000)"),
-    refused("VoltageBelowTheLimits", "790000", "790000mv: out of range(800000-1300000)"),
-    refused("VoltageRaisedAboveTheLimits", "1300001", "1310000mv: out of range(800000-1300000)"),
-    refused("NegativeVoltageBecomesZero", "-1000000", "0mv: out of range(800000-1300000)"),
-    refused("VoltageBeyondThirtyTwoBitsSaturates", "1e12",
-            "4294967295mv: out of range(800000-1300000)"),
-    refused("InfiniteVoltageSaturates", "inf", "4294967295mv: out of range(800000-1300000)"),
-    refused("VoltageThatIsNoNumberBecomesZero", "nan", "0mv: out of range(800000-1300000)"),
+    voltage_refused("NinetyTwoPercentIsOutOfRange", "92%", "percentage 92%: out of range"),
+    voltage_refused("PercentageIsShownWithoutTrailingZeros", "107.50%",
+                    "percentage 107.5%: out of range"),
+    voltage_refused("PercentageIsShownWithSixDigits", "92.123456789%",
+                    "percentage 92.1235%: out of range"),
+    voltage_refused("LargePercentageIsShownWithAnExponent", "12345678%",
+                    "percentage 1.23457e+07%: out of range"),
+    voltage_refused("NegativePercentageIsOutOfRange", "-5%", "percentage -5%: out of range"),
+    voltage_refused("InfinitePercentageIsOutOfRange", "inf%", "percentage inf%: out of range"),
+    voltage_refused("PercentageThatIsNoNumberBecomesZero", "nan%",
+                    "0mv: out of range(800000-1300000)"),
+    voltage_refused("VoltageAboveTheLimits", "2000000", "2000000mv: out of range(800000-1300000)"),
+    voltage_refused("VoltageBelowTheLimits", "790000", "790000mv: out of range(800000-1300000)"),
+    voltage_refused("VoltageRaisedAboveTheLimits", "1300001",
+                    "1310000mv: out of range(800000-1300000)"),
+    voltage_refused("NegativeVoltageBecomesZero", "-1000000", "0mv: out of range(800000-1300000)"),
+    voltage_refused("VoltageBeyondThirtyTwoBitsSaturates", "1e12",
+                    "4294967295mv: out of range(800000-1300000)"),
+    voltage_refused("InfiniteVoltageSaturates", "inf",
+                    "4294967295mv: out of range(800000-1300000)"),
+    voltage_refused("VoltageThatIsNoNumberBecomesZero", "nan", "0mv: out of range(800000-1300000)"),
 
-    ended("PercentSignAloneIsAVoltageWithoutANumber", "%", "invalid_argument"),
-    ended("LettersAreNoVoltage", "abc", "invalid_argument"),
-    ended("LettersAreNoPercentage", "abc%", "invalid_argument"),
-    ended("EmptyTextIsNoVoltage", "", "invalid_argument"),
-    ended("VoltageBeyondADoubleEndsTheRun", "1e999", "out_of_range"),
-    ended("PercentageBeyondADoubleEndsTheRun", "1e999%", "out_of_range"),
+    voltage_ended("PercentSignAloneIsAVoltageWithoutANumber", "%", "invalid_argument"),
+    voltage_ended("LettersAreNoVoltage", "abc", "invalid_argument"),
+    voltage_ended("LettersAreNoPercentage", "abc%", "invalid_argument"),
+    voltage_ended("EmptyTextIsNoVoltage", "", "invalid_argument"),
+    voltage_ended("VoltageBeyondADoubleEndsTheRun", "1e999", "out_of_range"),
+    voltage_ended("PercentageBeyondADoubleEndsTheRun", "1e999%", "out_of_range"),
 
     unreadable("MissingRegulatorCannotBeRead", at("1000000").fault("no-open " + directory)),
     unreadable("MissingVoltageCannotBeRead", at("1000000").fault("no-open " + voltage_file)),
@@ -195,8 +202,8 @@ const std::vector<cli_case> regulator_cases = {
      .out = "1000000\n",
      .err = got(cpu, "1000000")},
 
-    changed("NegativeUpperLimitIsKeptAsTheUnsignedNumberOfItsBits", "3000000000",
-            within("800000", "-1"), "-1294967296"),
+    voltage_changed("NegativeUpperLimitIsKeptAsTheUnsignedNumberOfItsBits", "3000000000",
+                    within("800000", "-1"), "-1294967296"),
     {.name = "NegativeLowerLimitIsKeptAsTheUnsignedNumberOfItsBits",
      .args = {cpu, "1000000"},
      .board = within("-1", "1300000"),
