@@ -2,7 +2,6 @@
 
 #include "output/output_stream.hpp"
 
-#include <csignal>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -14,6 +13,7 @@
 
 #include "output/write_all.hpp"
 #include "support/captured_stream.hpp"
+#include "support/interruptions.hpp"
 #include "support/write_log.hpp"
 
 namespace output_stream_test {
@@ -101,13 +101,11 @@ TEST(WriteAll, TellsThatADeviceIsFull) {
     close(full);
 }
 
-extern "C" void take_no_notice(int) {}
-
 /** Reads an end of a pipe to its end, some bytes at a time, and interrupts the writer before each.
  */
 struct slow_reader {
     int descriptor;
-    pthread_t writer;
+    interruptions writer; // is made by the one that writes
     std::string text;
 
     static void* read_all(void* reader) {
@@ -115,11 +113,9 @@ struct slow_reader {
         char piece[4096];
         ssize_t size = 0;
         do {
-            usleep(1000);                       // in which the writer fills the pipe, and waits:
-            pthread_kill(self.writer, SIGUSR1); // that was a part,
-            usleep(1000);
-            pthread_kill(self.writer, SIGUSR1); // and that is none
-            usleep(1000);
+            self.writer.interrupt(); // when a part is written, and the pipe is full,
+            self.writer.interrupt(); // and when nothing is
+            self.writer.wait_for_call();
             size = read(self.descriptor, piece, sizeof piece);
             self.text.append(piece, static_cast<std::size_t>(size > 0 ? size : 0));
         } while (size > 0);
@@ -128,10 +124,6 @@ struct slow_reader {
 };
 
 TEST(WriteAll, GoesOnAfterSignalsAndPartsThatWereWritten) {
-    struct sigaction action {};
-    struct sigaction before {};
-    action.sa_handler = take_no_notice; // without SA_RESTART
-    sigaction(SIGUSR1, &action, &before);
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     fcntl(ends[1], F_SETPIPE_SZ, 4096);
@@ -140,7 +132,7 @@ TEST(WriteAll, GoesOnAfterSignalsAndPartsThatWereWritten) {
     for (int i = 0; i < 5000; ++i) {
         text += std::to_string(i) + " ";
     }
-    slow_reader reader{ends[0], pthread_self(), ""};
+    slow_reader reader{ends[0], {}, ""};
     pthread_t thread;
     ASSERT_EQ(pthread_create(&thread, nullptr, slow_reader::read_all, &reader), 0);
     EXPECT_TRUE(write_all(ends[1], text));
@@ -148,7 +140,6 @@ TEST(WriteAll, GoesOnAfterSignalsAndPartsThatWereWritten) {
     pthread_join(thread, nullptr);
     EXPECT_EQ(reader.text, text);
     close(ends[0]);
-    sigaction(SIGUSR1, &before, nullptr);
 }
 
 } // namespace output_stream_test

@@ -3,7 +3,6 @@
 #include "property/text_file.hpp"
 
 #include <cerrno>
-#include <csignal>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -15,6 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/interruptions.hpp"
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
 
@@ -62,21 +62,17 @@ TEST_F(TextFile, CharactersBeyondAsciiAndNulBelongToAWord) {
     EXPECT_EQ(first_word_of(std::string("1\0002 3", 5)), std::string("1\0002", 3));
 }
 
-extern "C" void take_no_notice(int) {}
-
 /** Writes a word into a pipe that waits for it, after a signal has interrupted the waiting. */
 struct late_writer {
     std::string path;
-    pthread_t reader;
+    interruptions reader; // is made by the one that reads
 
     static void* write_word(void* writer) {
         const auto& self = *static_cast<late_writer*>(writer);
         const int pipe = open(self.path.c_str(), O_WRONLY); // when the reader has opened it, too
-        usleep(2000);
-        pthread_kill(self.reader, SIGUSR1);
-        usleep(2000);
+        self.reader.interrupt();
         EXPECT_EQ(write(pipe, "wo", 2), 2);
-        usleep(2000);
+        self.reader.wait_for_call();
         EXPECT_EQ(write(pipe, "rd\n", 3), 3);
         close(pipe);
         return nullptr;
@@ -85,16 +81,11 @@ struct late_writer {
 
 TEST_F(TextFile, FirstWordIsWaitedForAcrossSignals) {
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-    struct sigaction action {};
-    struct sigaction before {};
-    action.sa_handler = take_no_notice; // without SA_RESTART
-    sigaction(SIGUSR1, &action, &before);
-    late_writer writer{path, pthread_self()};
+    late_writer writer{path, {}};
     pthread_t thread;
     ASSERT_EQ(pthread_create(&thread, nullptr, late_writer::write_word, &writer), 0);
     EXPECT_EQ(first_word(path), "word");
     pthread_join(thread, nullptr);
-    sigaction(SIGUSR1, &before, nullptr);
 }
 
 TEST_F(TextFile, SignalOfBeforeIsNotWaitedFor) {
