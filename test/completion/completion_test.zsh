@@ -36,7 +36,7 @@ unset zle_bracketed_paste
 END
 
 # Sets offered to what the terminal shows when the line $1 and a tab are typed, and the shell then
-# echoes the line.
+# echoes the line, after a mark that no shell expands: a path would have digits of its own.
 type_in() {
     local start
     case $shell in
@@ -45,8 +45,8 @@ type_in() {
     esac
     zpty pty "stty cols 120 rows 60; exec $launcher -T $work/trace env PATH=$prefix/bin:$PATH $start"
     zpty -r -m pty offered '*ready> '
-    zpty -w -n pty "$1"$'\t\x01echo =\x05\n'
-    zpty -r -m pty offered '*=brisel*ready> '
+    zpty -w -n pty "$1"$'\t\x01echo :\x05\n'
+    zpty -r -m pty offered '*:brisel*ready> '
     zpty -w pty exit
     zpty -d pty
 }
