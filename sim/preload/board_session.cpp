@@ -24,7 +24,7 @@ std::string setting(const char* name) {
     return value == nullptr ? std::string() : value;
 }
 
-std::ifstream open_text(const std::string& file) {
+std::ifstream open_text_file(const std::string& file) {
     std::ifstream text(file);
     if (!text) {
         throw input_error(file, std::strerror(errno));
@@ -59,7 +59,7 @@ board_session::board_session(std::string folder, const std::string& trace_target
                              const std::string& more_faults)
     : m_folder(std::move(folder)), m_trace(trace_target) {
     const std::string file = m_folder + "/faults";
-    std::ifstream faults = open_text(file);
+    std::ifstream faults = open_text_file(file);
     m_faults.add_all(faults, file);
     std::istringstream more(more_faults);
     m_faults.add_all(more, "-f");
@@ -69,7 +69,7 @@ board_session::board_session(std::string folder, const std::string& trace_target
 void board_session::load_model() {
     const std::string file = m_folder + "/registers";
     std::ostringstream contents;
-    contents << open_text(file).rdbuf();
+    contents << open_text_file(file).rdbuf();
     if (m_model && contents.view() == m_text) {
         return; // nobody else has written: the model holds that already
     }
