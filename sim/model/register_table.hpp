@@ -17,7 +17,8 @@ struct register_key {
     std::uint32_t address;
     std::optional<std::uint32_t> selector;
 
-    auto operator<=>(const register_key&) const = default;
+    // clang-tidy 14 takes the zero in its definition for a pointer.
+    auto operator<=>(const register_key&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /** What lies there. */
@@ -72,9 +73,9 @@ public:
 private:
     struct row {
         register_entry entry;
-        std::size_t line;   ///< index in m_lines
-        std::size_t column; ///< where the word stands in that line
-        std::size_t length; ///< how many characters it has there
+        std::size_t line = 0;   ///< index in m_lines
+        std::size_t column = 0; ///< where the word stands in that line
+        std::size_t length = 0; ///< how many characters it has there
     };
 
     void parse_line(const std::string& line, const std::string& where);
