@@ -46,6 +46,10 @@ const dq_lanes& lanes_of(const reg_info_orlin_dq& reg) {
         lanes.try_emplace(reg.m_subvals.size(), dq_lanes(std::initializer_list<reg_bitmask_dq*>{}));
     if (is_new) {
         entry->second.by_name = reg.m_subvals;
+        for (const auto& [field_name, field] : reg.m_subvals) {
+            entry->second.words.emplace(field, 0);
+            entry->second.flags.emplace(field, false);
+        }
     }
     return entry->second;
 }

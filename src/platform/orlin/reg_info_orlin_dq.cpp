@@ -9,7 +9,8 @@ namespace orlin {
 reg_info_orlin_dq::reg_info_orlin_dq(std::string name, unsigned int sel_value,
                                      unsigned int sel_addr, unsigned int data_addr,
                                      const dq_lanes& lanes)
-    : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr, lanes.by_name) {
+    : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr, lanes.by_name),
+      m_dq_values(lanes.words), m_dq_loaded(lanes.flags), m_dq_dirty(lanes.flags) {
     m_loaded = true; // the read path of the single word never runs for this kind
 }
 

@@ -40,9 +40,6 @@ public:
 private:
     void select(const reg_bitmask_dq& field) const;
 
-    // A lane without an entry has the word 0 and is neither read nor stored, which is how every
-    // lane begins. A run uses few of the registers, so only their lanes get entries.
-
     /** The word last read for the field or stored for it. */
     std::map<reg_subval*, unsigned int> m_dq_values;
     /** The field's word has been read from the hardware. */
