@@ -52,7 +52,6 @@ void register_all(const char* group_name, std::initializer_list<property*> prope
 /** One set per register: prefix + register + "::" + suffix, over its lanes in their order. */
 void register_property_sets(const std::string& group_name, const std::string& prefix,
                             texts registers, const std::string& suffix, texts lanes) {
-    property_group* group = property_group::register_property_group(group_name);
     property_names names;
     for (const std::string_view reg : registers) {
         names.begin(std::string(prefix).append(reg));
@@ -62,7 +61,7 @@ void register_property_sets(const std::string& group_name, const std::string& pr
             members.push_back(names.of(lane));
         }
         auto set = std::make_unique<property_set>(names.of(suffix), std::move(members));
-        if (property::register_property(group, set.get()) != nullptr) {
+        if (property::register_property(group_name, set.get()) != nullptr) {
             static_cast<void>(set.release()); // the registry owns it now
         }
     }
