@@ -1,11 +1,13 @@
 #include "platform/orlin/reg_info_orlin_dq.hpp"
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 
 #include "reg/garbages.hpp"
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
+#include "support/heap.hpp"
 
 namespace reg_info_orlin_dq_test {
 
@@ -46,6 +48,16 @@ TEST_F(RegInfoOrlinDq, IsAlwaysOwnedAndTouchesNoHardwareWhenBuilt) {
     EXPECT_EQ(m_register->m_sel_value, 7U);
     EXPECT_THAT(m_register->m_subvals, ElementsAre(Pair("dq1", m_dq1), Pair("dq3", m_dq3)));
     EXPECT_THAT(fake_memory::log, IsEmpty());
+}
+
+TEST_F(RegInfoOrlinDq, HasAWordAndFlagsForEveryLaneFromTheBeginning) {
+    words[sel] = 0;
+    fake_memory::log.reserve(10);
+    const std::size_t before = heap::live();
+    EXPECT_TRUE(m_dq3->set(m_register, 5));
+    EXPECT_THAT(value_of(m_dq1, *m_register), Optional(0x46U));
+    m_register->commit();
+    EXPECT_EQ(heap::live(), before); // and no entry is made later
 }
 
 TEST_F(RegInfoOrlinDq, RegistersWithTheSameLanesKeepWordsOfTheirOwn) {
