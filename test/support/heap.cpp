@@ -1,12 +1,13 @@
 #include "support/heap.hpp"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
 std::size_t until_failure = 0; // 0: none is to fail
-std::size_t live_blocks = 0;
+std::atomic<std::size_t> live_blocks{0}; // some tests have a second thread
 
 } // namespace
 
