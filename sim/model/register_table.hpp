@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace sim {
@@ -17,8 +18,10 @@ struct register_key {
     std::uint32_t address;
     std::optional<std::uint32_t> selector;
 
-    // clang-tidy 14 takes the zero in its definition for a pointer.
-    auto operator<=>(const register_key&) const = default; // NOLINT(modernize-use-nullptr)
+    bool operator==(const register_key&) const = default;
+    bool operator<(const register_key& other) const {
+        return std::tie(address, selector) < std::tie(other.address, other.selector);
+    }
 };
 
 /** What lies there. */
