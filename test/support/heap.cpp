@@ -6,7 +6,7 @@
 
 namespace {
 
-std::size_t until_failure = 0; // 0: none is to fail
+std::size_t until_failure = 0;           // 0: none is to fail
 std::atomic<std::size_t> live_blocks{0}; // some tests have a second thread
 
 } // namespace
