@@ -1,6 +1,5 @@
 #include "checker/known_properties.hpp"
 
-#include <optional>
 #include <sstream>
 
 #include "catalogue/table.hpp"
@@ -15,15 +14,6 @@ const std::map<std::string, field_place::kind> field_kinds = {
     {"orlin::reg_bitmask_dq", field_place::kind::dq},
 };
 
-/** The selector of a field, if its register has one. */
-std::optional<std::uint32_t> selector(const table_row& reg, const table_row& field) {
-    if (reg["selector"] == "-") {
-        return std::nullopt;
-    }
-    const std::uint32_t part = field["selector-part"] == "-" ? 0 : field.number("selector-part");
-    return reg.number("selector") | part;
-}
-
 std::map<std::string, property_target> register_fields() {
     std::map<std::string, std::map<std::uint32_t, std::uint32_t>> maps;
     for (const table_row& row : read_table("maps.tsv")) {
@@ -37,7 +27,7 @@ std::map<std::string, property_target> register_fields() {
                 continue;
             }
             const field_place place{field_kinds.at(field["kind"]),
-                                    {reg.number("address"), selector(reg, field)},
+                                    {reg.number("address"), selector_of(reg, field)},
                                     field.number("high"),
                                     field.number("low"),
                                     maps[field["map"]]};

@@ -57,3 +57,11 @@ std::vector<table_row> read_table(const std::string& file) {
     }
     return rows;
 }
+
+std::optional<unsigned int> selector_of(const table_row& reg, const table_row& field) {
+    if (reg["selector"] == "-") {
+        return std::nullopt;
+    }
+    const unsigned int part = field["selector-part"] == "-" ? 0 : field.number("selector-part");
+    return reg.number("selector") | part;
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,3 +35,11 @@ private:
  *             has no line of names, throws std::runtime_error
  */
 std::vector<table_row> read_table(const std::string& file);
+
+/**
+ * The word that the select register must hold for a field to be seen; nothing for a register that
+ * is not behind one.
+ * @param reg   a row of registers.tsv
+ * @param field a row of fields.tsv, of the register's field list
+ */
+std::optional<unsigned int> selector_of(const table_row& reg, const table_row& field);
