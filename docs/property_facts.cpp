@@ -8,6 +8,7 @@
 
 #include "platform/orlin/reg_bitmask_dq.hpp"
 #include "platform/orlin/reg_info_orlin_ddr.hpp"
+#include "platform/orlin/reg_info_orlin_dq.hpp"
 #include "property/property_file.hpp"
 #include "property/property_register.hpp"
 #include "property/property_regulator_voltage.hpp"
@@ -37,12 +38,24 @@ std::string bits(const reg_bitmask& field) {
                        : "bits " + std::to_string(high) + ".." + std::to_string(low);
 }
 
+/** The object as a Kind, or null where it is of another one: no subclass passes for its base. */
+template <class Kind, class T>
+const Kind* exactly(const T& object) {
+    return typeid(object) == typeid(Kind) ? dynamic_cast<const Kind*>(&object) : nullptr;
+}
+
 /** The address, and for a register behind a selector that selector and where it is put. */
 std::string address(const reg_info& reg, const reg_bitmask& field) {
     const std::string data = hexadecimal(reg.m_addr, 8);
-    const auto* selected = dynamic_cast<const orlin::reg_info_orlin_ddr*>(&reg);
-    if (selected == nullptr) {
+    if (exactly<reg_info>(reg) != nullptr) {
         return data;
+    }
+    const orlin::reg_info_orlin_ddr* selected = exactly<orlin::reg_info_orlin_dq>(reg);
+    if (selected == nullptr) {
+        selected = exactly<orlin::reg_info_orlin_ddr>(reg);
+    }
+    if (selected == nullptr) {
+        throw std::logic_error("unknown kind of register: " + reg.m_name);
     }
     const auto* lane = dynamic_cast<const orlin::reg_bitmask_dq*>(&field);
     const unsigned int selector = selected->m_sel_value | (lane == nullptr ? 0 : lane->m_sel);
@@ -58,7 +71,7 @@ void describe_field(reg_bitmask& field, property_facts& facts) {
     facts.kind = "field";
     facts.legal = from_to(std::to_string(min), std::to_string(max));
     facts.meaning = "word of a DDR byte slice";
-    if (const auto* mapped = dynamic_cast<const reg_bitmask_map*>(&field)) {
+    if (const auto* mapped = exactly<reg_bitmask_map>(field)) {
         facts.kind = "mapped field";
         facts.legal.clear();
         for (const auto& [key, code] : *bitmask_map_members::map(*mapped)) {
@@ -66,12 +79,12 @@ void describe_field(reg_bitmask& field, property_facts& facts) {
             facts.legal += (facts.legal.empty() ? "" : ", ") + std::to_string(key) + " (" +
                            std::to_string(code) + ")";
         }
-    } else if (dynamic_cast<const reg_bitmask_ro*>(&field) != nullptr) {
+    } else if (exactly<reg_bitmask_ro>(field) != nullptr) {
         facts.kind = "read-only field";
-    } else if (dynamic_cast<const orlin::reg_bitmask_dq*>(&field) != nullptr) {
+    } else if (exactly<orlin::reg_bitmask_dq>(field) != nullptr) {
         facts.kind = "DQ delay";
         facts.meaning = "delay of a DQ lane";
-    } else if (typeid(field) != typeid(reg_bitmask)) {
+    } else if (exactly<reg_bitmask>(field) == nullptr) {
         throw std::logic_error("unknown kind of field: " + field.get_name());
     }
 }
@@ -114,16 +127,16 @@ property_facts describe_set(const property_set& p) {
 } // namespace
 
 property_facts describe(property& p) {
-    if (const auto* field = dynamic_cast<const property_register*>(&p)) {
+    if (const auto* field = exactly<property_register>(p)) {
         return describe_register(*field);
     }
-    if (const auto* regulator = dynamic_cast<const property_regulator_voltage*>(&p)) {
+    if (const auto* regulator = exactly<property_regulator_voltage>(p)) {
         return describe_regulator(*regulator);
     }
-    if (const auto* file = dynamic_cast<const property_file<int>*>(&p)) {
+    if (const auto* file = exactly<property_file<int>>(p)) {
         return describe_file(*file);
     }
-    if (const auto* set = dynamic_cast<const property_set*>(&p)) {
+    if (const auto* set = exactly<property_set>(p)) {
         return describe_set(*set);
     }
     throw std::logic_error("unknown kind of property: " + p.name);
