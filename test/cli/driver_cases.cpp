@@ -6,7 +6,7 @@
 
 namespace {
 
-const std::string rdqs_missing = "open /sys/kernel/debug/mmc0/rdqs failed.\n";
+const std::string rdqs_missing = "open " + rdqs_file + " failed.\n";
 
 board_setup sda_is_3() {
     return board_setup().word(0x10090110, 0x00000003);
@@ -170,20 +170,18 @@ const std::vector<cli_case> driver_cases = {
      .status = 255},
     {.name = "MissingRdqsFileIsReportedBeforeTheLockFails",
      .args = {sda},
-     .board = board_setup()
-                  .fault("no-open /sys/kernel/debug/mmc0/rdqs")
-                  .fault("no-open /tmp/brisel.lock EACCES"),
+     .board = board_setup().fault("no-open " + rdqs_file).fault("no-open /tmp/brisel.lock EACCES"),
      .err = rdqs_missing + "Failed to open /tmp/brisel.lock\nFailed to lock!\n",
      .status = 255},
     {.name = "MissingRdqsFileIsReportedBeforeTheUsage",
      .args = {"-h"},
-     .board = board_setup().fault("no-open /sys/kernel/debug/mmc0/rdqs"),
+     .board = board_setup().fault("no-open " + rdqs_file),
      .out = usage,
      .err = rdqs_missing,
      .status = 254},
     {.name = "MissingRdqsFileIsReportedBeforeAStatusLine",
      .args = {sda},
-     .board = sda_is_3().fault("no-open /sys/kernel/debug/mmc0/rdqs"),
+     .board = sda_is_3().fault("no-open " + rdqs_file),
      .out = "3\n",
      .err = rdqs_missing + got(sda, "3"),
      .accesses = sda_is_read},

@@ -4,8 +4,6 @@
 
 namespace {
 
-const std::string rdqs = "/sys/kernel/debug/mmc0/rdqs";
-
 /** A property that cannot be read or written: the program says so and ends in order. */
 ending refused(const failing_command& command, const failing_run& clean,
                const std::string& message = "") {
@@ -20,10 +18,10 @@ ending stopped(const failing_run& clean, const std::string& message, int status)
     return {{"", message, status}, clean.file_before, true};
 }
 
-/** The value of rdqs is read before anything else; only the commands on it need it. */
+/** The file of rdqs is read before anything else; only the commands on it need it. */
 ending without_rdqs(const failing_command& command, const failing_run& clean,
                     const std::string& message) {
-    if (command.file == rdqs) {
+    if (command.file == rdqs_file) {
         return refused(command, clean, message);
     }
     return {{clean.result.out, message + clean.result.err, clean.result.status}, clean.file, false};
@@ -72,15 +70,15 @@ ending ending_of(const failing_command& command, const failing_run& clean, const
     if (line.starts_with("unlock ")) {
         return no_matter;
     }
-    if (line == "open " + rdqs + " r") {
-        return without_rdqs(command, clean, "open " + rdqs + " failed.\n");
+    if (line == "open " + rdqs_file + " r") {
+        return without_rdqs(command, clean, "open " + rdqs_file + " failed.\n");
     }
-    if (line == "read " + rdqs) {
+    if (line == "read " + rdqs_file) {
         return without_rdqs(command, clean,
                             "current value 0 is not valid, valid range = 2 ~ 255\n");
     }
-    if (line == "open " + rdqs + " w") {
-        return refused(command, clean, "open " + rdqs + " failed.\n");
+    if (line == "open " + rdqs_file + " w") {
+        return refused(command, clean, "open " + rdqs_file + " failed.\n");
     }
     if (line.starts_with("open ") && line.ends_with(" r")) {
         return refused(command, clean);

@@ -3,7 +3,6 @@
 
 namespace {
 
-const std::string lanes = "pelune-ddr-read1::dq";
 const std::string no_lock_file = "Failed to open /tmp/brisel.lock\nFailed to lock!\n";
 
 /** What the process says last when it cannot reach a word. */

@@ -4,7 +4,6 @@
 namespace {
 
 const std::string rdqs = "mmc::rdqs";
-const std::string rdqs_file = "/sys/kernel/debug/mmc0/rdqs";
 
 board_setup rdqs_holding(const std::string& text) {
     return board_setup().file(rdqs_file, text);

@@ -4,7 +4,6 @@
 namespace {
 
 constexpr std::uint32_t pelune_read_data = 0x1a419194;
-const std::string lanes = "pelune-ddr-read1::dq";
 
 /** The lanes of pelune-ddr-read1 hold these words. */
 board_setup lanes_holding(const std::vector<std::uint32_t>& words) {

@@ -2,9 +2,11 @@
 
 #include <string>
 
-/** Names that many rows and tests use: a plain field, a mapped one, and the lock file. */
+/** Names that many rows and tests use: a plain field, a mapped one, a set, and the files. */
 inline const std::string sda = "i2c0-delay::sda-delay"; // bits 3..0
 inline const std::string odt = "orlin-ddra::odt";
+inline const std::string lanes = "pelune-ddr-read1::dq";
+inline const std::string rdqs_file = "/sys/kernel/debug/mmc0/rdqs";
 inline const std::string lock_file = "/tmp/brisel.lock";
 
 /** Texts that many rows expect. */
