@@ -1,7 +1,7 @@
 #pragma once
 
 /**
- * Registers everything of the catalogue as properties: nine groups, 397 names.
+ * Registers everything of the catalogue as properties, in their groups.
  *
  * The properties of both chips are registered, whichever one the tool runs on. Called once, from
  * main, before anything is looked up. The registry owns what is registered.

@@ -22,6 +22,8 @@ namespace register_properties_test {
 
 using testing::IsEmpty;
 
+constexpr std::size_t all_properties = 397;
+
 class RegisterProperties : public hardware_test {
 protected:
     RegisterProperties() {
@@ -69,7 +71,7 @@ std::string every_field_is_taken() {
 
 TEST_F(RegisterProperties, PrintsNothingAndTouchesNoHardware) {
     platform_register_properties();
-    EXPECT_EQ(property::properties.size(), 397U);
+    EXPECT_EQ(property::properties.size(), all_properties);
     EXPECT_EQ(members().size(), 9U);
     EXPECT_EQ(messages(), "");
     EXPECT_EQ(output(), "");
@@ -108,7 +110,7 @@ TEST_F(RegisterProperties, AfterFreeingEverythingRegistersItAnew) {
     property_group::free_all();
     property::free_all();
     platform_register_properties();
-    EXPECT_EQ(property::properties.size(), 397U);
+    EXPECT_EQ(property::properties.size(), all_properties);
     EXPECT_EQ(messages(), "");
 }
 
@@ -119,7 +121,7 @@ TEST_F(RegisterProperties, TakenNameOfAFieldIsReportedAndTheFirstStays) {
     EXPECT_EQ(messages(), "property mac-rx::delay is already registered.\n");
     EXPECT_EQ(property::get_property("mac-rx::delay"), first);
     EXPECT_FALSE(members().at("mac").contains("mac-rx::delay"));
-    EXPECT_EQ(property::properties.size(), 397U);
+    EXPECT_EQ(property::properties.size(), all_properties);
 }
 
 TEST_F(RegisterProperties, TakenNameOfASetARegulatorOrAFileIsDroppedSilently) {
@@ -137,7 +139,7 @@ TEST_F(RegisterProperties, TakenNameOfASetARegulatorOrAFileIsDroppedSilently) {
     EXPECT_EQ(members().at("pelune-ddr").size(), 83U);
     EXPECT_EQ(members().at("regulator").size(), 3U);
     EXPECT_THAT(members().at("mmc"), IsEmpty()); // created all the same
-    EXPECT_EQ(property::properties.size(), 397U);
+    EXPECT_EQ(property::properties.size(), all_properties);
     EXPECT_EQ(messages(), "");
     EXPECT_THAT(fake_property::log, IsEmpty());
 }
