@@ -62,7 +62,7 @@ def copy_project(tree):
     listed = subprocess.run(
         ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
         cwd=PROJECT, check=True, capture_output=True, text=True,
-    ).stdout.split("\0")  # fmt: skip
+    ).stdout.split("\0")
     wanted = {name for name in listed if name and (PROJECT / name).is_file()}
     for name in wanted:
         update_file(tree / name, (PROJECT / name).read_bytes())
@@ -90,7 +90,7 @@ class Workshop:
              "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld",
              "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"],
             check=True, stdout=subprocess.DEVNULL,
-        )  # fmt: skip
+        )
 
     def build(self, target):
         command = ["ninja", "-C", self.build_folder, "-j", str(os.cpu_count()), target]
@@ -104,7 +104,7 @@ class Workshop:
             test.command, cwd=self.build_folder, start_new_session=True,
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
             env={**os.environ, "TMPDIR": str(self.temporary)},
-        )  # fmt: skip
+        )
         try:
             return process.wait(self.limits[test]) == 0
         except subprocess.TimeoutExpired:
