@@ -20,19 +20,14 @@ std::map<std::string, property_target> register_fields() {
         maps[row["map"]][row.number("user-value")] = row.number("raw-value");
     }
     std::map<std::string, property_target> found;
-    const std::vector<table_row> fields = read_table("fields.tsv");
-    for (const table_row& reg : read_table("registers.tsv")) {
-        for (const table_row& field : fields) {
-            if (field["field-list"] != reg["field-list"]) {
-                continue;
-            }
-            const field_place place{field_kinds.at(field["kind"]),
-                                    {reg.number("address"), selector_of(reg, field)},
-                                    field.number("high"),
-                                    field.number("low"),
-                                    maps[field["map"]]};
-            found[reg["name"] + "::" + field["name"]] = {property_target::kind::field, {place}, ""};
-        }
+    for (const register_field& each : every_register_field()) {
+        const auto& [reg, field] = each;
+        const field_place place{field_kinds.at(field["kind"]),
+                                {reg.number("address"), each.selector()},
+                                field.number("high"),
+                                field.number("low"),
+                                maps[field["map"]]};
+        found[reg["name"] + "::" + field["name"]] = {property_target::kind::field, {place}, ""};
     }
     return found;
 }

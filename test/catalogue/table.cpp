@@ -58,10 +58,23 @@ std::vector<table_row> read_table(const std::string& file) {
     return rows;
 }
 
-std::optional<unsigned int> selector_of(const table_row& reg, const table_row& field) {
+std::optional<unsigned int> register_field::selector() const {
     if (reg["selector"] == "-") {
         return std::nullopt;
     }
     const unsigned int part = field["selector-part"] == "-" ? 0 : field.number("selector-part");
     return reg.number("selector") | part;
+}
+
+std::vector<register_field> every_register_field() {
+    std::vector<register_field> found;
+    const std::vector<table_row> fields = read_table("fields.tsv");
+    for (const table_row& reg : read_table("registers.tsv")) {
+        for (const table_row& field : fields) {
+            if (field["field-list"] == reg["field-list"]) {
+                found.push_back({reg, field});
+            }
+        }
+    }
+    return found;
 }

@@ -36,10 +36,14 @@ private:
  */
 std::vector<table_row> read_table(const std::string& file);
 
-/**
- * The word that the select register must hold for a field to be seen; nothing for a register that
- * is not behind one.
- * @param reg   a row of registers.tsv
- * @param field a row of fields.tsv, of the register's field list
- */
-std::optional<unsigned int> selector_of(const table_row& reg, const table_row& field);
+/** A field of a register: a row of registers.tsv and one of fields.tsv. */
+struct register_field {
+    /** The word that the select register must hold; nothing for a register that is behind none. */
+    std::optional<unsigned int> selector() const;
+
+    table_row reg;
+    table_row field;
+};
+
+/** The fields of every register, in the order of the tables. */
+std::vector<register_field> every_register_field();
