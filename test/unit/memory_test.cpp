@@ -18,10 +18,13 @@ void* block_of(std::size_t size) {
     return block;
 }
 
+bool is_aligned_for_every_type(const void* block) {
+    return reinterpret_cast<std::uintptr_t>(block) % alignof(std::max_align_t) == 0;
+}
+
 TEST(Memory, BlocksAreAlignedForEveryType) {
     for (std::size_t size = 0; size < 100; ++size) {
-        void* block = block_of(size);
-        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % alignof(std::max_align_t), 0U);
+        EXPECT_TRUE(is_aligned_for_every_type(block_of(size))) << size;
     }
 }
 
@@ -63,6 +66,7 @@ TEST(Memory, GrowsChunkByChunk) {
     for (unsigned char i = 0; i < 100; ++i) {
         blocks.push_back(static_cast<unsigned char*>(block_of(size)));
         std::memset(blocks.back(), i, size);
+        EXPECT_TRUE(is_aligned_for_every_type(blocks.back()));
     }
     for (unsigned char i = 0; i < 100; ++i) {
         EXPECT_EQ(blocks[i][0], i);
