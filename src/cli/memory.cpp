@@ -10,9 +10,9 @@
  *
  * With the C library's allocator, taking and giving back those objects is half the cost of a run,
  * and every page of them is a page fault. Here blocks are cut from a chunk that the kernel has
- * filled with pages in one call, from its end downwards: what was filled last is still in the
- * cache. A block that is given back is not used again: the end of the process is near. Memory that
- * runs out raises bad_alloc. For one thread only.
+ * filled with pages in one call: from its end downwards, which takes an instruction less than
+ * upwards. A block that is given back is not used again: the end of the process is near. Memory
+ * that runs out raises bad_alloc. For one thread only.
  */
 
 namespace {
