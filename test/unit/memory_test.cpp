@@ -74,6 +74,15 @@ TEST(Memory, GrowsChunkByChunk) {
     }
 }
 
+TEST(Memory, BlocksLieSideBySide) {
+    constexpr std::ptrdiff_t size = 48; // aligned as it is, on every processor
+    auto* first = static_cast<std::byte*>(block_of(size));
+    auto* second = static_cast<std::byte*>(block_of(size));
+    auto* third = static_cast<std::byte*>(block_of(size));
+    // Between two of them a chunk may end.
+    EXPECT_TRUE(first - second == size || second - third == size);
+}
+
 TEST(Memory, BlockMayBeLargerThanAChunk) {
     constexpr std::size_t size = std::size_t{3} << 20;
     std::memset(block_of(size), 0x55, size);
