@@ -12,6 +12,14 @@ target_compile_options(brisel_options INTERFACE
     $<$<CXX_COMPILER_ID:Clang>:-fsized-deallocation>)
 target_link_options(brisel_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 
+# What is shipped brings its C++ library along: finding and relocating a shared one would be more than half
+# of a run, and it works beside any other version. Of that library it keeps what it uses.
+add_library(brisel_shipped INTERFACE)
+if(BRISEL_STATIC_RUNTIME AND NOT BRISEL_SANITIZE AND NOT BRISEL_COVERAGE)
+    target_link_options(brisel_shipped INTERFACE
+        -static-libstdc++ -static-libgcc -Wl,--gc-sections)
+endif()
+
 # What the program and its tests are compiled with: the same, and the sanitizers where asked for.
 add_library(brisel_instrumented INTERFACE)
 target_link_libraries(brisel_instrumented INTERFACE brisel_options)

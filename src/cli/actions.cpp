@@ -1,6 +1,6 @@
 #include "cli/actions.hpp"
 
-#include "output/output_stream.hpp"
+#include "base/output_stream.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
 
@@ -31,7 +31,7 @@ void print_usage() {
     }
 }
 
-exit_status list() {
+exit_status list_properties() {
     for (const auto& [group_name, group] : property_group::get_groups()) {
         standard_output.print_line(group_name + " :");
         for (const auto& [name, member] : group->m_properties) {
@@ -43,7 +43,7 @@ exit_status list() {
     return exit_status::success;
 }
 
-exit_status read(const std::string& name) {
+exit_status read_property(const std::string& name) {
     property* found = property::get_property(name);
     if (found == nullptr) {
         report_no_such_property();
@@ -61,7 +61,7 @@ exit_status read(const std::string& name) {
     return exit_status::success;
 }
 
-exit_status write(const std::string& name, const std::string& value) {
+exit_status write_property(const std::string& name, const std::string& value) {
     property* found = property::get_property(name);
     if (found == nullptr) {
         report_no_such_property();
@@ -72,7 +72,7 @@ exit_status write(const std::string& name, const std::string& value) {
     return done ? exit_status::success : exit_status::write_failed;
 }
 
-exit_status raw_read(const std::string& name) {
+exit_status raw_read_property(const std::string& name) {
     property* found = property::get_property(name);
     std::string value;
     if (found != nullptr && found->get(value)) {

@@ -16,19 +16,19 @@ void print(const char* text);
 void print_usage();
 
 /** Lists every group and its properties with their help texts. Reads no value. */
-exit_status list();
+exit_status list_properties();
 
 /**
  * Prints a property's value, then a status line.
  * @return success, also when no property has that name (a message says so), or read_failed
  */
-exit_status read(const std::string& name);
+exit_status read_property(const std::string& name);
 
 /**
  * Sets a property, then prints a status line.
  * @return success, also when no property has that name (a message says so), or write_failed
  */
-exit_status write(const std::string& name, const std::string& value);
+exit_status write_property(const std::string& name, const std::string& value);
 
 /** Prints a property's value and nothing else. Never fails: whatever is wrong is a message. */
-exit_status raw_read(const std::string& name);
+exit_status raw_read_property(const std::string& name);

@@ -2,12 +2,12 @@
 
 #include <unistd.h>
 
+#include "base/output_stream.hpp"
 #include "cli/actions.hpp"
 #include "cli/exit_status.hpp"
-#include "cli/instance_lock.hpp"
-#include "cli/standard_streams.hpp"
-#include "output/output_stream.hpp"
 #include "platform/register_properties.hpp"
+#include "process/instance_lock.hpp"
+#include "process/standard_descriptors.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
 
@@ -22,9 +22,9 @@ exit_status access_operand(int argc, char* argv[]) {
     }
     const std::string name = argv[optind];
     if (optind < argc - 1) {
-        return write(name, argv[optind + 1]);
+        return write_property(name, argv[optind + 1]);
     }
-    return read(name);
+    return read_property(name);
 }
 
 /** Acts on the first option; every other word is an operand, whatever it looks like. */
@@ -39,9 +39,9 @@ exit_status act(int argc, char* argv[]) {
         print("Not supported yet.\n");
         return exit_status::not_supported;
     case 'l':
-        return list();
+        return list_properties();
     case 'r':
-        return raw_read(optarg);
+        return raw_read_property(optarg);
     case 'x':
         property::m_number_mode = 1;
         break;
@@ -55,7 +55,7 @@ exit_status act(int argc, char* argv[]) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    occupy_closed_standard_streams();
+    open_closed_standard_descriptors();
     if (!take_instance_lock()) {
         return static_cast<int>(exit_status::lock_failed);
     }

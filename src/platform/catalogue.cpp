@@ -1,13 +1,11 @@
 #include "platform/catalogue.hpp"
 
-#include "platform/orlin/dq_lanes.hpp"
 #include "platform/orlin/reg_bitmask_dq.hpp"
 #include "platform/orlin/reg_info_orlin_ddr.hpp"
 #include "platform/orlin/reg_info_orlin_dq.hpp"
 #include "property/property_file.hpp"
 #include "property/property_group.hpp"
 #include "property/property_regulator_voltage.hpp"
-#include "reg/garbages.hpp"
 #include "reg/reg_bitmask.hpp"
 #include "reg/reg_bitmask_map.hpp"
 #include "reg/reg_bitmask_ro.hpp"

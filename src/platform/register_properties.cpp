@@ -1,5 +1,6 @@
 #include "platform/register_properties.hpp"
 
+#include <cstddef>
 #include <initializer_list>
 #include <memory>
 #include <span>
@@ -11,13 +12,12 @@
 #include "platform/catalogue.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
-#include "property/property_names.hpp"
 #include "property/property_register.hpp"
 #include "property/property_set.hpp"
 
 namespace {
 
-using texts = std::span<const std::string_view>;
+using names = std::span<const std::string_view>;
 
 // Registers whose DQ lanes are also shown as one set, without the chip's prefix.
 constexpr std::string_view orlin_ddra_read[] = {"ddra-read0", "ddra-read1", "ddra-read2",
@@ -39,8 +39,10 @@ constexpr std::string_view write_lanes[] = {"dq0", "dq1", "dq2", "dq3", "dq4",
                                             "dq5", "dq6", "dq7", "dq8"};
 
 void register_fields(const char* group_name, std::initializer_list<reg_info*> registers) {
-    property_register::register_as_property(property_group::register_property_group(group_name),
-                                            registers);
+    property_group* group = property_group::register_property_group(group_name);
+    for (reg_info* reg : registers) {
+        property_register::register_as_property(group, reg);
+    }
 }
 
 void register_all(const char* group_name, std::initializer_list<property*> properties) {
@@ -51,16 +53,17 @@ void register_all(const char* group_name, std::initializer_list<property*> prope
 
 /** One set per register: prefix + register + "::" + suffix, over its lanes in their order. */
 void register_property_sets(const std::string& group_name, const std::string& prefix,
-                            texts registers, const std::string& suffix, texts lanes) {
-    property_names names;
+                            names registers, const std::string& suffix, names lanes) {
+    std::string name; // of one property after the other, in the same place
     for (const std::string_view reg : registers) {
-        names.begin(std::string(prefix).append(reg));
+        const std::size_t stem = name.assign(prefix).append(reg).append("::").size();
         std::vector<std::string> members;
         members.reserve(lanes.size());
         for (const std::string_view lane : lanes) {
-            members.push_back(names.of(lane));
+            members.push_back(name.replace(stem, std::string::npos, lane));
         }
-        auto set = std::make_unique<property_set>(names.of(suffix), std::move(members));
+        name.replace(stem, std::string::npos, suffix);
+        auto set = std::make_unique<property_set>(name, std::move(members));
         if (property::register_property(group_name, set.get()) != nullptr) {
             static_cast<void>(set.release()); // the registry owns it now
         }

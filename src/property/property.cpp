@@ -1,5 +1,6 @@
 #include "property/property.hpp"
 
+#include "base/put.hpp"
 #include "property/property_group.hpp"
 
 property::property(const std::string& property_name) : name(property_name) {}
@@ -20,17 +21,14 @@ property* property::get_property(const std::string& name) {
 }
 
 property* property::register_property(property_group* group, property* p) {
-    // A registration would look behind the last name first, where a single property seldom belongs.
-    const auto [entry, is_new] = properties.emplace(p->name, p);
-    if (!is_new) {
+    static auto place = properties.end(); // behind the one registered last
+    property*& entry = put(properties, place, p->name, nullptr);
+    if (entry != nullptr) {
         return nullptr;
     }
-    try {
-        return group->add_property(p);
-    } catch (...) {
-        properties.erase(entry); // no memory for the member: p stays with its caller
-        throw;
-    }
+    group->add_property(p); // if that throws, the entry is left with null, and p to its caller
+    entry = p;
+    return p;
 }
 
 property* property::register_property(const std::string& group_name, property* p) {
@@ -39,7 +37,9 @@ property* property::register_property(const std::string& group_name, property* p
 
 void property::free_all() {
     for (const auto& [name, p] : properties) {
-        p->on_unregister();
+        if (p != nullptr) {
+            p->on_unregister();
+        }
     }
     properties.clear();
 }

@@ -3,8 +3,8 @@
 #include <map>
 #include <string>
 
-// The ownership lists are defined before the registry, so they outlive it (see there).
-#include "reg/garbages.hpp" // IWYU pragma: keep
+// The ownership lists are defined before the registry, so they outlive it.
+#include "reg/reg_info.hpp" // IWYU pragma: keep
 
 class property_group;
 
@@ -60,7 +60,10 @@ public:
     /** Calls every property's `on_unregister`, in ascending order of the names, and forgets all. */
     static void free_all();
 
-    /** The registry: byte-wise ascending names. Filled through `register_property`. */
+    /**
+     * The registry: byte-wise ascending names. Filled through `register_property`, and emptied by
+     * `free_all` alone. An entry that holds null is no property.
+     */
     static std::map<std::string, property*> properties;
 
     /** 0: numbers are decimal; 1: hexadecimal. For the kinds that honour it. */

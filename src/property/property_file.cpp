@@ -7,9 +7,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "output/output_stream.hpp"
-#include "property/text_file.hpp"
-#include "reg/wrapping.hpp"
+#include "base/output_stream.hpp"
+#include "base/text_file.hpp"
+#include "base/wrapping.hpp"
 
 namespace {
 

@@ -2,11 +2,12 @@
 
 #include <utility>
 
+#include "base/put.hpp"
+
 property_group::property_group(std::string group_name) : name(std::move(group_name)) {}
 
 property* property_group::add_property(property* p) {
-    m_properties[p->name] = p;
-    return p;
+    return put(m_properties, m_place, p->name, p) = p;
 }
 
 property_group* property_group::register_property_group(const std::string& name) {

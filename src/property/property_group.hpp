@@ -44,7 +44,12 @@ public:
     static std::map<std::string, property_group*> property_groups;
 
     const std::string name;
+    /** The members; filled through `add_property`, and never one by one taken out. */
     std::map<std::string, property*> m_properties;
+
+private:
+    /** Behind the member added last. */
+    std::map<std::string, property*>::iterator m_place = m_properties.end();
 };
 
 inline std::map<std::string, property_group*> property_group::property_groups;

@@ -1,13 +1,11 @@
 #include "property/property_register.hpp"
 
-#include <charconv>
-#include <iterator>
+#include <cstddef>
 #include <memory>
 #include <stdexcept>
 
-#include "output/output_stream.hpp"
-#include "property/property_names.hpp"
-#include "property/registration.hpp"
+#include "base/hexadecimal.hpp"
+#include "base/output_stream.hpp"
 #include "reg/reg_info.hpp"
 #include "reg/reg_subval.hpp"
 
@@ -22,18 +20,13 @@ bool has_hexadecimal_prefix(const std::string& text) {
 }
 
 /** A hexadecimal number may have 64 bits and wraps into the signed range; a decimal one has 63. */
-long long parse(const std::string& text, bool hexadecimal) {
-    return hexadecimal ? static_cast<long long>(std::stoull(text, nullptr, 16))
-                       : std::stoll(text, nullptr, 10);
+long long parse(const std::string& text, bool base_16) {
+    return base_16 ? static_cast<long long>(std::stoull(text, nullptr, 16))
+                   : std::stoll(text, nullptr, 10);
 }
 
 std::string format(unsigned int value) {
-    if (!hexadecimal_mode()) {
-        return std::to_string(value);
-    }
-    char digits[8]; // 32 bits
-    const auto end = std::to_chars(std::begin(digits), std::end(digits), value, 16).ptr;
-    return "0x" + std::string(std::begin(digits), end);
+    return hexadecimal_mode() ? hexadecimal(value) : std::to_string(value);
 }
 
 } // namespace
@@ -43,24 +36,17 @@ property_register::property_register(const std::string& property_name, reg_info*
     : property(property_name), m_reg(reg), m_subval(subval) {}
 
 void property_register::register_as_property(property_group* group, reg_info* reg) {
-    register_as_property(group, std::span(&reg, 1));
-}
-
-void property_register::register_as_property(property_group* group,
-                                             std::span<reg_info* const> registers) {
-    registration run(group);
-    property_names names;
-    for (reg_info* reg : registers) {
-        names.begin(reg->m_name);
-        for (const auto& [field_name, field] : reg->m_subvals) {
-            std::unique_ptr<property_register> p(
-                new property_register(names.of(field_name), reg, field));
-            if (run.add(p.get()) == nullptr) {
-                standard_error.print_line("property " + p->name + " is already registered.");
-                continue;
-            }
-            static_cast<void>(p.release()); // the registry owns it now
+    std::string full_name; // of one property after the other, in the same place
+    full_name.reserve(2 * reg->m_name.size());
+    const std::size_t stem = full_name.append(reg->m_name).append("::").size();
+    for (const auto& [field_name, field] : reg->m_subvals) {
+        full_name.replace(stem, std::string::npos, field_name);
+        std::unique_ptr<property_register> p(new property_register(full_name, reg, field));
+        if (register_property(group, p.get()) == nullptr) {
+            standard_error.print_line("property " + full_name + " is already registered.");
+            continue;
         }
+        static_cast<void>(p.release()); // the registry owns it now
     }
 }
 
@@ -70,10 +56,10 @@ bool property_register::set(const std::string& value) {
     }
     const bool relative = value.front() == '+' || value.front() == '-';
     // A prefix behind a sign is not looked for: in decimal mode "+0x10" is a step of 0.
-    const bool hexadecimal = hexadecimal_mode() || (!relative && has_hexadecimal_prefix(value));
+    const bool base_16 = hexadecimal_mode() || (!relative && has_hexadecimal_prefix(value));
     long long number = 0;
     try {
-        number = parse(value, hexadecimal);
+        number = parse(value, base_16);
     } catch (const std::invalid_argument&) {
         standard_error.print_line("failed to parse value " + value);
         return false;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <span>
 #include <string>
 
 #include "property/property.hpp"
@@ -26,9 +25,6 @@ public:
      * @param reg   not owned; it and its fields outlive the properties
      */
     static void register_as_property(property_group* group, reg_info* reg);
-
-    /** The same for several registers, one after another. */
-    static void register_as_property(property_group* group, std::span<reg_info* const> registers);
 
     /**
      * Writes the field: by a signed 64-bit step when the text begins with "+" or "-", otherwise

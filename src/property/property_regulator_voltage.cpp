@@ -1,14 +1,13 @@
 #include "property/property_regulator_voltage.hpp"
 
-#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <optional>
 #include <stdexcept>
 #include <utility>
 
-#include "output/output_stream.hpp"
-#include "property/text_file.hpp"
+#include "base/output_stream.hpp"
+#include "base/text_file.hpp"
 
 namespace {
 
@@ -16,12 +15,21 @@ constexpr const char* microvolts_file = "/microvolts";
 constexpr const char* min_microvolts_file = "/min_microvolts";
 constexpr const char* max_microvolts_file = "/max_microvolts";
 
-constexpr double voltage_step = 10000; // microvolts
+constexpr std::uint32_t voltage_step = 10000; // microvolts
 
-/** Unsigned 32-bit, saturating; not-a-number becomes 0. */
-std::uint32_t to_microvolts(double value) {
+/** Raises a voltage to a whole multiple of the step: unsigned 32-bit, saturating. */
+std::uint32_t whole_steps(double microvolts) {
     constexpr std::uint32_t most = std::numeric_limits<std::uint32_t>::max();
-    return static_cast<std::uint32_t>(std::fmin(std::fmax(value, 0), most));
+    constexpr std::uint32_t most_steps = most / voltage_step;
+    const double steps = microvolts / voltage_step;
+    if (!(steps > 0)) { // not-a-number, too
+        return 0;
+    }
+    if (steps > most_steps) {
+        return most;
+    }
+    const auto whole = static_cast<std::uint32_t>(steps);
+    return (whole < steps ? whole + 1 : whole) * voltage_step;
 }
 
 /** `std::stol` as it behaves where a `long` has 32 bits, on every host. */
@@ -34,7 +42,7 @@ std::int32_t to_int32(const std::string& word) {
 }
 
 /** At most six significant digits, and no zeros behind them. */
-std::string general(double number) {
+std::string format_general(double number) {
     char text[16]; // -1.23457e+308
     std::snprintf(text, sizeof text, "%g", number);
     return text;
@@ -56,7 +64,7 @@ bool property_regulator_voltage::set(const std::string& value) {
     if (value.size() >= 2 && value.back() == '%') {
         const double percent = std::stod(value);
         if (percent > m_max_percent || percent < m_min_percent) {
-            standard_error.print_line("percentage " + general(percent) + "%: out of range");
+            standard_error.print_line("percentage " + format_general(percent) + "%: out of range");
             return false;
         }
         // Multiplied first: divided first, 103.75% of 800000 would come out above 830000.
@@ -64,7 +72,7 @@ bool property_regulator_voltage::set(const std::string& value) {
     } else {
         target = std::stod(value);
     }
-    const std::uint32_t microvolts = to_microvolts(std::ceil(target / voltage_step) * voltage_step);
+    const std::uint32_t microvolts = whole_steps(target);
     if (microvolts < m_min_uv || microvolts > m_max_uv) {
         standard_error.print_line(std::to_string(microvolts) + "mv: out of range(" +
                                   std::to_string(m_min_uv) + "-" + std::to_string(m_max_uv) + ")");

@@ -50,6 +50,11 @@ protected:
     bool m_limits_loaded = false;
     std::uint32_t m_base_uv = 0;
 
+    /** Reads the first word of a file as a signed 32-bit number; false when it cannot be opened. */
+    static bool _fileintread(const std::string& path, std::int32_t& value);
+    /** Replaces the contents of a file; false when it cannot be opened. */
+    static bool _fileintwrite(const std::string& path, std::int32_t value);
+
 private:
     bool load_limits();
     /** The voltage in "microvolts"; false when it cannot be read or is negative. */
@@ -58,9 +63,4 @@ private:
     bool read_limit(const char* file, std::uint32_t& microvolts);
     /** The number in a file of the regulator's directory; false when it cannot be opened. */
     bool read_number(const char* file, std::int32_t& number);
-
-    /** Reads the first word of a file as a signed 32-bit number; false when it cannot be opened. */
-    static bool _fileintread(const std::string& path, std::int32_t& value);
-    /** Replaces the contents of a file; false when it cannot be opened. */
-    static bool _fileintwrite(const std::string& path, std::int32_t value);
 };

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "output/output_stream.hpp"
+#include "base/output_stream.hpp"
 
 namespace {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ranges>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,17 @@
  */
 class property_set : public property {
 public:
-    /** @param members registry names, in the order of the values; duplicates are kept */
+    /**
+     * @param members registry names, in the order of the values; duplicates are kept. Not this
+     * set's own name, nor one that leads back to it: nothing would end the look-up.
+     */
     property_set(const std::string& property_name, std::vector<std::string> members);
+
+    /** The same with the names in a container of any other kind. */
+    template <std::ranges::input_range Names>
+    property_set(const std::string& property_name, const Names& members)
+        : property_set(property_name, std::vector<std::string>(std::ranges::begin(members),
+                                                               std::ranges::end(members))) {}
 
     /**
      * Sets the members, in order. A braced list holds one value per member, not trimmed; any

@@ -1,13 +1,16 @@
 #include "reg/mmap_access.hpp"
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
+
+#include "base/hexadecimal.hpp"
+#include "base/output_stream.hpp"
 
 const char* fname = "/dev/zeb_mem";
 
@@ -43,8 +46,9 @@ private:
     template <class T>
     static T checked(T result, T failure, const char* action, unsigned int address) {
         if (result == failure) {
-            std::fprintf(stderr, "%s %s for address 0x%08x failed: %s\n", action, fname, address,
-                         std::strerror(errno));
+            const std::string reason = std::strerror(errno);
+            standard_error.print_line(std::string(action) + " " + fname + " for address " +
+                                      hexadecimal(address, 8) + " failed: " + reason);
             std::abort();
         }
         return result;

@@ -1,5 +1,7 @@
 #include "reg/reg_bitmask.hpp"
 
+#include <algorithm>
+
 #include "reg/reg_info.hpp"
 
 reg_bitmask::reg_bitmask(int msb, int lsb, const std::string& name, const std::string& desc)
@@ -11,8 +13,8 @@ void reg_bitmask::init(const std::string& name, const std::string& desc, int msb
     m_name = name;
     m_desc = desc;
     m_shift = lsb;
-    // Shifted down from all ones, because shifting a 1 up by a width of 32 is undefined.
-    m_mask = ~0U >> (31 - (msb - lsb));
+    const int width = std::max(msb - lsb + 1, 0);
+    m_mask = width < 32 ? (1U << width) - 1 : ~0U; // shifting by 32 is undefined
 }
 
 bool reg_bitmask::set(reg_info* reg, unsigned int value) {

@@ -1,12 +1,6 @@
 #include "reg/reg_info.hpp"
 
-#include "reg/garbages.hpp"
 #include "reg/mmap_access.hpp"
-
-reg_info::reg_info(std::string name, unsigned int address, const field_map& fields)
-    : m_name(std::move(name)), m_addr(address), m_subvals(fields), m_loaded(false) {
-    add_garbage();
-}
 
 reg_info::~reg_info() = default;
 

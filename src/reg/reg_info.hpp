@@ -2,10 +2,13 @@
 
 #include <atomic>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <utility>
 
-#include "reg/field_map.hpp"
+#include "base/put.hpp"
+#include "reg/reg_subval.hpp"
+#include "reg/regctl_garbages.hpp"
 
 /**
  * One 32-bit hardware register at a physical address, with a cached word and named fields.
@@ -64,12 +67,9 @@ protected:
 
 public:
     /** The fields by name; not owned. */
-    field_map m_subvals;
+    std::map<std::string, reg_subval*> m_subvals;
 
 protected:
-    /** For kinds that have a map of their fields already; owned by `info_garbages`. */
-    reg_info(std::string name, unsigned int address, const field_map& fields);
-
     /** True once `load` has filled the cache. */
     bool m_loaded;
 };
@@ -77,8 +77,15 @@ protected:
 template <class T>
 reg_info::reg_info(std::string name, unsigned int address, std::initializer_list<T*> fields,
                    bool garbage)
-    : m_name(std::move(name)), m_addr(address), m_subvals(fields_by_name(fields)), m_loaded(false) {
+    : m_name(std::move(name)), m_addr(address), m_loaded(false) {
+    auto place = m_subvals.end();
+    for (T* field : fields) {
+        put(m_subvals, place, field->get_name(), field) = field;
+    }
     if (garbage) {
         add_garbage();
     }
 }
+
+/** Owns every register that was built with the garbage flag. Destroyed before `subval_garbages`. */
+inline regctl_garbages<reg_info*> info_garbages;

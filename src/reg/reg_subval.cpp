@@ -1,8 +1,7 @@
 #include "reg/reg_subval.hpp"
 
-#include "output/output_stream.hpp"
-#include "reg/garbages.hpp"
-#include "reg/wrapping.hpp"
+#include "base/output_stream.hpp"
+#include "base/wrapping.hpp"
 
 reg_subval::reg_subval(const std::string& name, const std::string& desc, bool garbage)
     : m_name(name), m_desc(desc) {

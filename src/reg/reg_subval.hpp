@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "reg/regctl_garbages.hpp"
+
 class reg_info;
 
 /**
@@ -67,3 +69,11 @@ protected:
     std::string m_name;
     std::string m_desc;
 };
+
+/**
+ * Owns every field that was built with the garbage flag.
+ *
+ * An inline variable, so that whatever is built by a source file that includes this header is built
+ * after it, and destroyed before it, in whatever order the objects are linked.
+ */
+inline regctl_garbages<reg_subval*> subval_garbages;

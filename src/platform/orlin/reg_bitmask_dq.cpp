@@ -1,6 +1,6 @@
 #include "platform/orlin/reg_bitmask_dq.hpp"
 
-#include "reg/wrapping.hpp"
+#include "base/wrapping.hpp"
 
 namespace orlin {
 

@@ -36,11 +36,6 @@ public:
 
     const unsigned int m_sel_addr;
     const unsigned int m_sel_value;
-
-protected:
-    /** The same for kinds that have a map of their fields already. */
-    reg_info_orlin_ddr(std::string name, unsigned int sel_value, unsigned int sel_addr,
-                       unsigned int data_addr, const field_map& fields);
 };
 
 template <class T>

@@ -9,8 +9,10 @@ namespace orlin {
 reg_info_orlin_dq::reg_info_orlin_dq(std::string name, unsigned int sel_value,
                                      unsigned int sel_addr, unsigned int data_addr,
                                      const dq_lanes& lanes)
-    : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr, lanes.by_name),
-      m_dq_values(lanes.words), m_dq_loaded(lanes.flags), m_dq_dirty(lanes.flags) {
+    : reg_info_orlin_ddr(std::move(name), sel_value, sel_addr, data_addr,
+                         std::initializer_list<reg_bitmask_dq*>{}),
+      m_dq_values(lanes.m_words), m_dq_loaded(lanes.m_flags), m_dq_dirty(lanes.m_flags) {
+    m_subvals = lanes.m_by_name;
     m_loaded = true; // the read path of the single word never runs for this kind
 }
 

@@ -37,15 +37,16 @@ public:
 
     void store(reg_subval* field, unsigned int word) override;
 
-private:
-    void select(const reg_bitmask_dq& field) const;
-
+protected:
     /** The word last read for the field or stored for it. */
     std::map<reg_subval*, unsigned int> m_dq_values;
     /** The field's word has been read from the hardware. */
     std::map<reg_subval*, bool> m_dq_loaded;
     /** A word has been stored for the field since construction. */
     std::map<reg_subval*, bool> m_dq_dirty;
+
+private:
+    void select(const reg_bitmask_dq& field) const;
 };
 
 } // namespace orlin

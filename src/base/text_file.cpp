@@ -1,5 +1,6 @@
-#include "property/text_file.hpp"
+#include "base/text_file.hpp"
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <cstddef>
@@ -8,8 +9,6 @@
 
 #include <fcntl.h>
 #include <unistd.h>
-
-#include "output/write_all.hpp"
 
 namespace {
 
@@ -29,17 +28,34 @@ public:
 
     /** What comes next, up to the buffer's size; nothing at the end, and after an error. */
     std::string_view read_next(std::span<char> buffer) const {
-        ssize_t size = 0;
-        do {
-            size = read(m_fd, buffer.data(), buffer.size());
-        } while (size < 0 && errno == EINTR);
-        return {buffer.data(), size > 0 ? static_cast<std::size_t>(size) : 0};
+        const ssize_t size = tried_again([&] { return read(m_fd, buffer.data(), buffer.size()); });
+        return {buffer.data(), static_cast<std::size_t>(std::max(size, ssize_t{0}))};
     }
 
-    int descriptor() const { return m_fd; }
+    /** Writes a text, or as much of it as the file takes. */
+    void write_all(std::string_view text) const {
+        while (!text.empty()) {
+            const ssize_t size = tried_again([&] { return write(m_fd, text.data(), text.size()); });
+            if (size <= 0) {
+                return;
+            }
+            text.remove_prefix(static_cast<std::size_t>(size));
+        }
+    }
 
 private:
-    int m_fd;
+    /** The result of a transfer, which is made again as often as a signal interrupts it. */
+    template <class Transfer>
+    static ssize_t tried_again(const Transfer& transfer) {
+        for (;;) {
+            const ssize_t size = transfer();
+            if (size >= 0 || errno != EINTR) {
+                return size;
+            }
+        }
+    }
+
+    const int m_fd;
 };
 
 } // namespace
@@ -71,6 +87,6 @@ bool replace_contents(const std::string& path, const std::string& text) {
     if (!file.is_open()) {
         return false;
     }
-    write_all(file.descriptor(), text);
+    file.write_all(text);
     return true;
 }

@@ -46,7 +46,7 @@ const Kind* exactly(const T& object) {
 
 /** The address, and for a register behind a selector that selector and where it is put. */
 std::string address(const reg_info& reg, const reg_bitmask& field) {
-    const std::string data = hexadecimal(reg.m_addr, 8);
+    std::string data = hexadecimal(reg.m_addr, 8);
     if (exactly<reg_info>(reg) != nullptr) {
         return data;
     }

@@ -1,11 +1,11 @@
-#include "cli/instance_lock.hpp"
+#include "process/instance_lock.hpp"
 
 #include <string>
 
 #include <fcntl.h>
 #include <sys/file.h>
 
-#include "output/output_stream.hpp"
+#include "base/output_stream.hpp"
 
 namespace {
 
