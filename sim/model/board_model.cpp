@@ -1,11 +1,9 @@
 #include "model/board_model.hpp"
 
-#include "model/ddr_phy.hpp"
-#include "model/text.hpp"
-
 #include <utility>
 
-namespace sim {
+#include "model/ddr_phy.hpp"
+#include "model/text.hpp"
 
 board_model::board_model(register_table registers, fault_list faults)
     : m_registers(std::move(registers)), m_faults(std::move(faults)) {}
@@ -23,11 +21,8 @@ std::optional<std::uint32_t> board_model::read(std::uint32_t address) const {
         return std::nullopt;
     }
     const register_key key = key_at(address);
-    if (const std::optional<std::uint32_t> word = m_faults.read_back(key)) {
-        return word;
-    }
     const register_entry* const entry = m_registers.find(key);
-    return entry == nullptr ? 0 : entry->word;
+    return m_faults.read_back(key, entry == nullptr ? 0 : entry->word);
 }
 
 bool board_model::write(std::uint32_t address, std::uint32_t word) {
@@ -57,5 +52,3 @@ std::string board_model::name_of(std::uint32_t address) const {
     }
     return find_banked_register(address)->name + " selector " + hex_text(*key.selector);
 }
-
-} // namespace sim

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "model/fault_list.hpp"
-#include "model/register_table.hpp"
-
 #include <cstdint>
 #include <optional>
 #include <string>
 
-namespace sim {
+#include "model/fault_list.hpp"
+#include "model/register_table.hpp"
 
 /**
  * What the registers of a board hold, and what a write does to them.
@@ -29,8 +27,8 @@ public:
     bool write(std::uint32_t address, std::uint32_t word);
 
     /**
-     * What lies at the address now, e.g. "orlin-ddra i/o control"; for a banked register the word
-     * that is selected, e.g. "orlin-ddra-read0 dq3". Empty where no register lies.
+     * What lies at the address now, e.g. "orlin-ddra"; for a banked register the word
+     * that is selected, e.g. "orlin-ddra-read0::dq3". Empty where no register lies.
      */
     std::string name_of(std::uint32_t address) const;
 
@@ -43,5 +41,3 @@ private:
     register_table m_registers;
     fault_list m_faults;
 };
-
-} // namespace sim

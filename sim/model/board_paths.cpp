@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-namespace sim {
 namespace {
 
 constexpr std::array board_places = {
@@ -24,5 +23,3 @@ bool is_board_path(std::string_view path) {
     return std::any_of(board_places.begin(), board_places.end(),
                        [path](std::string_view place) { return is_at_or_below(path, place); });
 }
-
-} // namespace sim

@@ -2,8 +2,6 @@
 
 #include <string_view>
 
-namespace sim {
-
 /** The memory device node: mapping it reaches the registers. */
 constexpr std::string_view device_node = "/dev/zeb_mem";
 
@@ -18,5 +16,3 @@ bool is_at_or_below(std::string_view path, std::string_view directory);
  * node, the lock file, and everything in /sys/class/regulator and /sys/kernel/debug.
  */
 bool is_board_path(std::string_view path);
-
-} // namespace sim

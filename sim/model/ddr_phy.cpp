@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-namespace sim {
 namespace {
 
 struct named_number {
@@ -42,5 +41,3 @@ std::optional<banked_register> find_banked_register(std::uint32_t address) {
     }
     return std::nullopt;
 }
-
-} // namespace sim

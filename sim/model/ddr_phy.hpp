@@ -4,8 +4,6 @@
 #include <optional>
 #include <string>
 
-namespace sim {
-
 /** A data register of a DDR PHY: one address, behind which every selector has a word of its own. */
 struct banked_register {
     std::uint32_t select_address; ///< the PHY's select register; its word chooses the bank
@@ -20,5 +18,3 @@ struct banked_register {
  * write delays and the slices.
  */
 std::optional<banked_register> find_banked_register(std::uint32_t address);
-
-} // namespace sim

@@ -3,8 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace sim {
-
 /** The device node is mapped a page at a time. */
 constexpr std::uint32_t page_bytes = 4096;
 constexpr std::size_t page_words = page_bytes / 4;
@@ -13,5 +11,3 @@ constexpr std::size_t page_words = page_bytes / 4;
 constexpr std::uint32_t page_of(std::uint32_t address) {
     return address & ~(page_bytes - 1);
 }
-
-} // namespace sim

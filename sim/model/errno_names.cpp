@@ -2,8 +2,6 @@
 
 #include <cstring>
 
-namespace sim {
-
 std::optional<int> errno_value(std::string_view name) {
     constexpr int highest_on_any_architecture = 1200;
     for (int value = 1; value < highest_on_any_architecture; ++value) {
@@ -14,5 +12,3 @@ std::optional<int> errno_value(std::string_view name) {
     }
     return std::nullopt;
 }
-
-} // namespace sim

@@ -3,9 +3,5 @@
 #include <optional>
 #include <string_view>
 
-namespace sim {
-
 /** The errno value of a name such as "ENOENT"; empty for a name that is none. */
 std::optional<int> errno_value(std::string_view name);
-
-} // namespace sim

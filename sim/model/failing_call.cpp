@@ -3,7 +3,6 @@
 #include <array>
 #include <cerrno>
 
-namespace sim {
 namespace {
 
 struct call_entry {
@@ -18,7 +17,6 @@ constexpr std::array<call_entry, failing_calls> calls = {{
     {"flock", ENOLCK},
     {"read", EIO},
     {"write", EIO},
-    {"memory", ENOMEM},
 }};
 
 } // namespace
@@ -35,5 +33,3 @@ std::optional<failing_call> find_failing_call(std::string_view name) {
 int default_error(failing_call call) {
     return calls[static_cast<std::size_t>(call)].usual_error;
 }
-
-} // namespace sim

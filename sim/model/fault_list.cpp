@@ -4,7 +4,6 @@
 #include "model/device_layout.hpp"
 #include "model/text.hpp"
 
-namespace sim {
 namespace {
 
 /** The error of the last fault whose path is `path` or a directory above it. */
@@ -25,35 +24,23 @@ bool concerns(const register_key& place, const register_key& key) {
 
 } // namespace
 
-void fault_list::check_places(const register_table& registers) const {
-    for (const std::vector<word_fault>* faults : {&m_stuck, &m_reads_as}) {
-        for (const word_fault& fault : *faults) {
-            if (!registers.has_register(fault.place.address)) {
-                throw input_error(fault.where,
-                                  "no register lies at " + hex_text(fault.place.address));
-            }
-        }
-    }
-}
-
 std::uint32_t fault_list::stuck_bits(const register_key& key) const {
     std::uint32_t bits = 0;
     for (const word_fault& fault : m_stuck) {
         if (concerns(fault.place, key)) {
-            bits |= fault.word;
+            bits |= fault.mask;
         }
     }
     return bits;
 }
 
-std::optional<std::uint32_t> fault_list::read_back(const register_key& key) const {
-    std::optional<std::uint32_t> word;
+std::uint32_t fault_list::read_back(const register_key& key, std::uint32_t held) const {
     for (const word_fault& fault : m_reads_as) {
         if (concerns(fault.place, key)) {
-            word = fault.word;
+            held = (held & ~fault.mask) | fault.word;
         }
     }
-    return word;
+    return held;
 }
 
 std::optional<int> fault_list::open_error(std::string_view path, bool for_writing) const {
@@ -95,5 +82,3 @@ std::optional<std::string> fault_list::content(std::string_view path) const {
     }
     return text;
 }
-
-} // namespace sim

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "model/failing_call.hpp"
-#include "model/register_table.hpp"
-
 #include <cstdint>
 #include <iosfwd>
 #include <optional>
@@ -10,45 +7,44 @@
 #include <string_view>
 #include <vector>
 
-namespace sim {
+#include "model/failing_call.hpp"
+#include "model/register_table.hpp"
 
 /**
  * What is wrong with a board: one fault per line, each a kind, a place and how it shows.
  *
- *     stuck     ADDRESS[/SELECTOR] MASK    the bits of MASK do not take a write
- *     reads-as  ADDRESS[/SELECTOR] WORD    reads give WORD, whatever was written
+ *     stuck     PLACE MASK                 the bits of MASK do not take a write
+ *     reads-as  PLACE WORD                 reads give WORD, whatever was written
  *     no-open   PATH [ERROR]               neither the path nor what lies below opens (ENOENT)
  *     no-write  PATH [ERROR]               it cannot be opened for writing (EACCES)
- *     no-map    ADDRESS [ERROR]            the page with this address cannot be mapped (EPERM)
+ *     no-map    PLACE [ERROR]              the page with this place cannot be mapped (EPERM)
  *     no-lock   PATH [ERROR]               the file cannot be locked (ENOLCK)
  *     content   PATH [TEXT]                reads of the file give TEXT, or nothing at all
  *     fail      CALL N[+] [ERROR]          call number N of a process fails, with "+" all from it
  *
- * ERROR is the name of an errno value; the one in brackets is taken when it is left out, or that of
- * `default_error`. Without a selector a fault of a banked register concerns all its banks. Where
- * several faults concern the same place, the last one counts, except that stuck bits add up. The
- * board's own text is never changed by a fault.
+ * PLACE is a property's name, MASK and WORD then being about the bits of its field, or it is
+ * ADDRESS[/SELECTOR]. ERROR is the name of an errno value; the one in brackets is taken when it is
+ * left out, or that of `default_error`. Without a selector a fault of a banked register concerns
+ * all its banks. Where several faults concern the same place, the last one counts, except that
+ * stuck bits add up. The board's own text is never changed by a fault.
  */
 class fault_list {
 public:
     /** Adds the faults of a whole text; `file` is its name for messages. As `add` for each line. */
-    void add_all(std::istream& text, const std::string& file);
+    void add_all(std::istream& text, const std::string& file, const register_table& registers);
 
     /**
      * Adds the fault of one line; an empty line or one that begins with "#" adds none. `where`
-     * names the line for messages. Throws input_error on anything that is not as told above, and on
-     * a path that does not belong to a board.
+     * names the line for messages. Throws input_error on anything that is not as told above, on a
+     * path that does not belong to a board, and on a place that `registers` does not list.
      */
-    void add(std::string_view line, const std::string& where);
-
-    /** Throws input_error if a fault concerns a register that `registers` does not list. */
-    void check_places(const register_table& registers) const;
+    void add(std::string_view line, const std::string& where, const register_table& registers);
 
     /** The bits at `key` that keep their old value in a write. */
     std::uint32_t stuck_bits(const register_key& key) const;
 
-    /** The word that every read at `key` gives; empty for a register that reads what it holds. */
-    std::optional<std::uint32_t> read_back(const register_key& key) const;
+    /** The word that a read at `key` gives where the register holds this one. */
+    std::uint32_t read_back(const register_key& key, std::uint32_t held) const;
 
     /** The errno value with which opening fails; empty when it does not. */
     std::optional<int> open_error(std::string_view path, bool for_writing) const;
@@ -72,9 +68,9 @@ private:
     class line_parser;
 
     struct word_fault {
-        register_key place; ///< without a selector: all banks
-        std::uint32_t word;
-        std::string where; ///< the line it was read from, for messages
+        register_key place;     ///< without a selector: all banks
+        std::uint32_t mask = 0; ///< of the bits that it is about
+        std::uint32_t word = 0;
     };
     struct path_fault {
         std::string path;
@@ -104,5 +100,3 @@ private:
     std::vector<content_fault> m_content;
     std::vector<call_fault> m_calls;
 };
-
-} // namespace sim

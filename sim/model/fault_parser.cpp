@@ -1,3 +1,6 @@
+#include <cerrno>
+#include <istream>
+
 #include "model/board_paths.hpp"
 #include "model/ddr_phy.hpp"
 #include "model/device_layout.hpp"
@@ -6,23 +9,26 @@
 #include "model/fault_list.hpp"
 #include "model/text.hpp"
 
-#include <cerrno>
-#include <istream>
-
-namespace sim {
-
 /** Takes the words of one line, from left to right. */
 class fault_list::line_parser {
 public:
-    line_parser(std::string_view line, const std::string& where) : m_rest(line), m_where(where) {}
+    line_parser(std::string_view line, const std::string& where, const register_table& registers)
+        : m_rest(line), m_where(where), m_registers(registers) {}
 
     std::string_view kind() { return take_word(m_rest); }
 
-    word_fault register_word(const char* what) {
-        const register_key key = place();
-        const std::uint32_t word = number(take_word(m_rest), what);
-        end();
-        return {key, word, m_where};
+    /** Bits of a word: those that a mask names. */
+    word_fault masked_bits() {
+        const register_bits bits = place();
+        const std::uint32_t mask = number_of(bits, "mask");
+        return {bits.place, mask, 0};
+    }
+
+    /** Bits of a word, and a number in them. */
+    word_fault held_bits() {
+        const register_bits bits = place();
+        const std::uint32_t word = number_of(bits, "word");
+        return {bits.place, bits.limit() << bits.low, word};
     }
 
     path_fault path_error(int usual_error) {
@@ -32,7 +38,7 @@ public:
     }
 
     page_fault page_error(int usual_error) {
-        const std::uint32_t address = number(take_word(m_rest), "address");
+        const std::uint32_t address = address_or_property().place.address;
         return {page_of(address), errno_or(usual_error)};
     }
 
@@ -70,17 +76,40 @@ private:
         return *value;
     }
 
-    register_key place() {
+    register_bits address_or_property() {
         const std::string_view word = take_word(m_rest);
+        if (word.find("::") != std::string_view::npos) {
+            const auto bits = m_registers.find_property(std::string(word));
+            return bits ? *bits : throw input_error(m_where, "no such property: " + quoted(word));
+        }
         const std::size_t slash = word.find('/');
         const std::uint32_t address = number(word.substr(0, slash), "address");
         if (slash == std::string_view::npos) {
-            return {address, std::nullopt};
+            return {{address, std::nullopt}};
         }
         if (!find_banked_register(address)) {
             refuse("the register at " + hex_text(address) + " is not banked");
         }
-        return {address, number(word.substr(slash + 1), "selector")};
+        return {{address, number(word.substr(slash + 1), "selector")}};
+    }
+
+    register_bits place() {
+        const register_bits bits = address_or_property();
+        if (!m_registers.has_register(bits.place.address)) {
+            refuse("no register lies at " + hex_text(bits.place.address));
+        }
+        return bits;
+    }
+
+    /** A number for some bits, shifted to where they are; the last word of the line. */
+    std::uint32_t number_of(const register_bits& bits, const char* what) {
+        const std::string_view word = take_word(m_rest);
+        const std::uint32_t value = number(word, what);
+        if (value > bits.limit()) {
+            refuse(quoted(word) + " has more bits than the field");
+        }
+        end();
+        return value << bits.low;
     }
 
     std::string board_path() {
@@ -112,25 +141,28 @@ private:
 
     std::string_view m_rest;
     const std::string& m_where;
+    const register_table& m_registers;
 };
 
-void fault_list::add_all(std::istream& text, const std::string& file) {
+void fault_list::add_all(std::istream& text, const std::string& file,
+                         const register_table& registers) {
     std::string line;
     for (std::size_t number = 1; std::getline(text, line); ++number) {
-        add(line, file + ":" + std::to_string(number));
+        add(line, file + ":" + std::to_string(number), registers);
     }
 }
 
-void fault_list::add(std::string_view line, const std::string& where) {
-    line_parser parser(line, where);
+void fault_list::add(std::string_view line, const std::string& where,
+                     const register_table& registers) {
+    line_parser parser(line, where, registers);
     const std::string_view kind = parser.kind();
     if (kind.empty() || kind.front() == '#') {
         return;
     }
     if (kind == "stuck") {
-        m_stuck.push_back(parser.register_word("mask"));
+        m_stuck.push_back(parser.masked_bits());
     } else if (kind == "reads-as") {
-        m_reads_as.push_back(parser.register_word("word"));
+        m_reads_as.push_back(parser.held_bits());
     } else if (kind == "no-open") {
         m_no_open.push_back(parser.path_error(ENOENT));
     } else if (kind == "no-write") {
@@ -147,5 +179,3 @@ void fault_list::add(std::string_view line, const std::string& where) {
         parser.refuse(quoted(kind) + " is no kind of fault");
     }
 }
-
-} // namespace sim

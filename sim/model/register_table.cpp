@@ -1,12 +1,13 @@
 #include "model/register_table.hpp"
 
-#include "model/ddr_phy.hpp"
-#include "model/text.hpp"
-
 #include <istream>
 #include <ostream>
 
-namespace sim {
+#include <fnmatch.h>
+
+#include "model/ddr_phy.hpp"
+#include "model/text.hpp"
+
 namespace {
 
 std::uint32_t number_in(std::string_view word, const char* column, const std::string& where) {
@@ -49,6 +50,11 @@ void register_table::parse_line(const std::string& line, const std::string& wher
     if (rest.empty() || rest.front() == '#') {
         return;
     }
+    if (rest.starts_with("fields ")) {
+        take_word(rest);
+        parse_fields(rest, where);
+        return;
+    }
     const register_key key = key_in(rest, where);
     const std::string_view word = take_word(rest);
     const std::string_view access = take_word(rest);
@@ -64,6 +70,39 @@ void register_table::parse_line(const std::string& line, const std::string& wher
     if (!m_rows.try_emplace(key, row{entry, m_lines.size() - 1, column, word.size()}).second) {
         throw input_error(where, "this word is listed already");
     }
+}
+
+void register_table::parse_fields(std::string_view rest, const std::string& where) {
+    const std::string pattern(take_word(rest));
+    for (std::string_view item = take_word(rest); !item.empty(); item = take_word(rest)) {
+        const std::size_t equals = item.find('=');
+        const bool named = equals != std::string_view::npos;
+        const std::string_view bits = named ? item.substr(equals + 1) : item;
+        const std::size_t dots = bits.find("..");
+        const auto high = parse_number(bits.substr(0, dots));
+        const auto low =
+            dots == std::string_view::npos ? std::nullopt : parse_number(bits.substr(dots + 2));
+        if (!high || !low || *high > 31 || *low > *high) {
+            throw input_error(where, quoted(bits) + " are no bits: HIGH..LOW");
+        }
+        m_fields.push_back({pattern, std::string(item.substr(0, named ? equals : 0)), *high, *low});
+    }
+}
+
+std::optional<register_bits> register_table::find_property(const std::string& name) const {
+    for (const auto& [key, listed] : m_rows) {
+        for (const field_rule& rule : m_fields) {
+            const bool whole = rule.field.find("::") != std::string::npos;
+            const std::string stem = whole ? "" : listed.entry.name;
+            const std::string property =
+                rule.field.empty() || whole ? stem + rule.field : stem + "::" + rule.field;
+            if (property == name &&
+                fnmatch(rule.pattern.c_str(), listed.entry.name.c_str(), 0) == 0) {
+                return register_bits{key, rule.high, rule.low};
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 const register_entry* register_table::find(const register_key& key) const {
@@ -96,5 +135,3 @@ void register_table::print(std::ostream& out) const {
         out << line << '\n';
     }
 }
-
-} // namespace sim

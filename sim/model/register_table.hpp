@@ -11,11 +11,9 @@
 #include <tuple>
 #include <vector>
 
-namespace sim {
-
 /** Where a word lies. `selector` is the select register's word, for banked registers only. */
 struct register_key {
-    std::uint32_t address;
+    std::uint32_t address = 0;
     std::optional<std::uint32_t> selector;
 
     bool operator==(const register_key&) const = default;
@@ -31,17 +29,34 @@ struct register_entry {
     std::string name;
 };
 
+/** Some bits of a word: those of a field, or all. */
+struct register_bits {
+    register_key place;
+    unsigned int high = 31; ///< inclusive
+    unsigned int low = 0;   ///< inclusive
+
+    /** The largest number that fits. */
+    std::uint32_t limit() const { return ~std::uint32_t{0} >> (31 - (high - low)); }
+};
+
 /**
  * The words of a board, as the text that people read and edit.
  *
  * One line per word, five columns parted by blanks:
  *
  *     address     selector    word        access  name
- *     0x18428194  0x0000020e  0x00000041  rw      orlin-ddra-read2 dq2
+ *     0x18428194  0x0000020e  0x00000041  rw      orlin-ddra-read2::dq2
  *
  * The selector is "-" where the register is not banked, access is "rw" or "ro", and the name is the
- * rest of the line. Empty lines and lines that begin with "#" are comments. Printing gives back
- * every line as it was read, except for the digits of words that were changed since.
+ * rest of the line. A line that begins with "fields" says where the fields of the words lie whose
+ * names fit a pattern of the shell: "FIELD=HIGH..LOW" is the property WORD::FIELD, "HIGH..LOW" the
+ * property of the word's own name, and a FIELD with "::" in it has its whole name there.
+ *
+ *     fields  *::dq?      6..0
+ *     fields  i2c*-delay  sda-delay=3..0 scl-delay=7..4
+ *
+ * Empty lines and lines that begin with "#" are comments. Printing gives back every line as it was
+ * read, except for the digits of words that were changed since.
  */
 class register_table {
 public:
@@ -51,10 +66,13 @@ public:
     /**
      * Reads a table; `file` is its name for messages.
      * Throws input_error on a line that does not hold the five columns, on an address that is not a
-     * multiple of 4, on a selector where none belongs (or none where one does), and on a word that
-     * is listed twice.
+     * multiple of 4, on a selector where none belongs (or none where one does), on a word that is
+     * listed twice, and on bits that are none.
      */
     static register_table parse(std::istream& text, const std::string& file);
+
+    /** Where the field of a property lies; empty for a name that no line gives to one. */
+    std::optional<register_bits> find_property(const std::string& name) const;
 
     /** The entry at `key`, or null. The table owns it; it stays valid until the table is gone. */
     const register_entry* find(const register_key& key) const;
@@ -81,10 +99,18 @@ private:
         std::size_t length = 0; ///< how many characters it has there
     };
 
-    void parse_line(const std::string& line, const std::string& where);
+    /** A field of every word whose name fits the pattern. */
+    struct field_rule {
+        std::string pattern;
+        std::string field; ///< empty: the word's own name is the property's
+        unsigned int high;
+        unsigned int low;
+    };
 
+    void parse_line(const std::string& line, const std::string& where);
+    void parse_fields(std::string_view rest, const std::string& where);
+
+    std::vector<field_rule> m_fields;
     std::vector<std::string> m_lines;
     std::map<register_key, row> m_rows;
 };
-
-} // namespace sim

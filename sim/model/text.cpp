@@ -3,7 +3,6 @@
 #include <charconv>
 #include <system_error>
 
-namespace sim {
 namespace {
 
 constexpr std::string_view blanks = " \t\r";
@@ -59,5 +58,3 @@ std::string hex_text(std::uint32_t word) {
     put_hex(text.data(), word);
     return text;
 }
-
-} // namespace sim

@@ -7,8 +7,6 @@
 #include <string>
 #include <string_view>
 
-namespace sim {
-
 /** A line of the board's text that makes no sense. what() begins with the place, "FILE:LINE: ". */
 class input_error : public std::runtime_error {
 public:
@@ -46,5 +44,3 @@ void put_hex(char* out, std::uint32_t word) noexcept;
 
 /** The same as a text: 0x00000000 to 0xffffffff. Addresses and words are always shown like this. */
 std::string hex_text(std::uint32_t word);
-
-} // namespace sim

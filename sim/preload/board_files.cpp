@@ -1,19 +1,20 @@
 #include "preload/board_files.hpp"
 
-#include "model/board_paths.hpp"
-#include "preload/board_work.hpp"
-#include "preload/device_node.hpp"
-#include "preload/next_call.hpp"
-
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
+#include <fstream>
+#include <sstream>
 #include <string_view>
+
+#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
-namespace sim {
+#include "model/board_paths.hpp"
+#include "preload/device_node.hpp"
+#include "preload/next_call.hpp"
+
 namespace {
 
 /** Traces how a call ended, and gives back its result with errno as it was. */
@@ -39,6 +40,13 @@ int open_text(const std::string& text) {
         lseek(descriptor, 0, SEEK_SET);
     }
     return descriptor;
+}
+
+/** What a file holds; nothing for one that is not there. */
+std::string content_of(const std::string& file) {
+    std::ostringstream content;
+    content << std::ifstream(file).rdbuf();
+    return content.str();
 }
 
 int open_kept(board_session& board, const std::string& path, int flags, mode_t mode) {
@@ -71,13 +79,14 @@ std::string_view access_of(int flags) {
 } // namespace
 
 int open_on_board(board_session& board, const std::string& path, int flags, mode_t mode) {
-    const board_work work;
     const std::string event = std::string("open ").append(path).append(access_of(flags));
     if (board.next_call_fails(failing_call::open, event)) {
         return -1;
     }
+    const bool for_writing = (flags & O_ACCMODE) != O_RDONLY;
+    const std::string before = for_writing ? content_of(board.kept_at(path)) : "";
     int descriptor = open_kept(board, path, flags, mode);
-    if (descriptor >= 0 && !board.files().remember(descriptor, path)) {
+    if (descriptor >= 0 && !board.files().remember(descriptor, {path, before})) {
         close(descriptor);
         descriptor = fail_with(EMFILE);
     }
@@ -97,9 +106,8 @@ int flags_of_mode(const char* mode) {
 }
 
 int lock_on_board(board_session& board, int descriptor, int operation) {
-    const board_work work;
     static auto* const real = next_call<decltype(::flock)>("flock");
-    const std::string path = *board.files().path_of(descriptor);
+    const std::string path = board.files().find(descriptor)->path;
     const bool unlock = (operation & LOCK_UN) != 0;
     const std::string event = (unlock ? "unlock " : "lock ") + path;
     if (board.next_call_fails(failing_call::flock, event)) {
@@ -111,14 +119,19 @@ int lock_on_board(board_session& board, int descriptor, int operation) {
 }
 
 bool transfer_fails(board_session& board, failing_call call, int descriptor) {
-    const board_work work;
-    const std::string verb = call == failing_call::read ? "read " : "write ";
-    return board.next_call_fails(call, verb + *board.files().path_of(descriptor));
+    const bool read = call == failing_call::read;
+    const board_file& file = *board.files().find(descriptor);
+    const bool fails = board.next_call_fails(call, (read ? "read " : "write ") + file.path);
+    if (!read && fails) { // to open it has emptied the file, as it would not empty an attribute
+        const int error = errno;
+        std::ofstream(board.kept_at(file.path)) << file.before;
+        errno = error;
+    } else if (!read && lseek(descriptor, 0, SEEK_CUR) == 0) {
+        [[maybe_unused]] const int cut = ftruncate(descriptor, 0); // after one that failed
+    }
+    return fails;
 }
 
 void trace_close(const board_session& board, const std::string& path) {
-    const board_work work;
     traced(board, "close " + path, 0);
 }
-
-} // namespace sim

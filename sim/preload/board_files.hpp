@@ -1,12 +1,11 @@
 #pragma once
 
-#include "model/failing_call.hpp"
-#include "preload/board_session.hpp"
-
 #include <string>
+
 #include <sys/types.h>
 
-namespace sim {
+#include "model/failing_call.hpp"
+#include "preload/board_session.hpp"
 
 /**
  * Opens a path of the board as open(2) does, on what the board has in its place, and keeps the
@@ -27,5 +26,3 @@ bool transfer_fails(board_session& board, failing_call call, int descriptor);
 
 /** To be called with what board_session::files forgot, after the descriptor was closed. */
 void trace_close(const board_session& board, const std::string& path);
-
-} // namespace sim

@@ -1,20 +1,18 @@
 #include "preload/board_session.hpp"
 
-#include "model/text.hpp"
-#include "preload/emulated_program.hpp"
-#include "preload/report.hpp"
-
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <sstream>
-#include <unistd.h>
 #include <utility>
 
-namespace sim {
+#include <unistd.h>
+
+#include "model/text.hpp"
+#include "preload/report.hpp"
+
 namespace {
 
 board_session* session = nullptr;
@@ -41,9 +39,6 @@ std::ifstream open_text_file(const std::string& file) {
     try {
         session = new board_session(folder, setting("BRISEL_BOARD_TRACE"),
                                     setting("BRISEL_BOARD_FAULTS"));
-        if (!setting("BRISEL_BOARD_EMULATOR").empty()) {
-            serve_emulated_program();
-        }
     } catch (const std::exception& error) {
         refuse(error.what());
     }
@@ -58,12 +53,14 @@ std::ifstream open_text_file(const std::string& file) {
 board_session::board_session(std::string folder, const std::string& trace_target,
                              const std::string& more_faults)
     : m_folder(std::move(folder)), m_trace(trace_target) {
+    const std::string registers = m_folder + "/registers";
+    std::ifstream text = open_text_file(registers);
+    const register_table table = register_table::parse(text, registers);
     const std::string file = m_folder + "/faults";
     std::ifstream faults = open_text_file(file);
-    m_faults.add_all(faults, file);
+    m_faults.add_all(faults, file, table);
     std::istringstream more(more_faults);
-    m_faults.add_all(more, "-f");
-    load_model();
+    m_faults.add_all(more, "-f", table);
 }
 
 void board_session::load_model() {
@@ -74,9 +71,7 @@ void board_session::load_model() {
         return; // nobody else has written: the model holds that already
     }
     std::istringstream text(contents.str());
-    register_table registers = register_table::parse(text, file);
-    m_faults.check_places(registers);
-    m_model.emplace(std::move(registers), m_faults);
+    m_model.emplace(register_table::parse(text, file), m_faults);
     m_text = contents.str();
 }
 
@@ -111,7 +106,6 @@ void board_session::violation(const std::string& message) const noexcept {
     const std::string text = "violation " + message;
     m_trace.line(text);
     say(text);
-    std::signal(SIGABRT, SIG_DFL); // an emulator would take it for its program's
     std::abort();
 }
 
@@ -122,5 +116,3 @@ std::string board_session::kept_at(std::string_view path) const {
 board_session* current_session() noexcept {
     return session;
 }
-
-} // namespace sim

@@ -1,11 +1,5 @@
 #pragma once
 
-#include "model/board_model.hpp"
-#include "model/failing_call.hpp"
-#include "model/fault_list.hpp"
-#include "preload/open_files.hpp"
-#include "preload/trace_log.hpp"
-
 #include <array>
 #include <atomic>
 #include <cstdint>
@@ -13,7 +7,11 @@
 #include <string>
 #include <string_view>
 
-namespace sim {
+#include "model/board_model.hpp"
+#include "model/failing_call.hpp"
+#include "model/fault_list.hpp"
+#include "preload/open_files.hpp"
+#include "preload/trace_log.hpp"
 
 /**
  * The board that this process works on: its folder, its faults, its trace, and what is open on it.
@@ -24,8 +22,8 @@ namespace sim {
 class board_session {
 public:
     /**
-     * Reads the faults of the folder, then those of `more_faults` (one per line), and reads the
-     * registers once to see that they make sense. Throws input_error if any of that does not.
+     * Reads the registers once, to see that they make sense, and the faults: those of the folder,
+     * then those of `more_faults` (one per line). Throws input_error if any of that does not.
      */
     board_session(std::string folder, const std::string& trace_target,
                   const std::string& more_faults);
@@ -74,5 +72,3 @@ private:
  * the program's.
  */
 board_session* current_session() noexcept;
-
-} // namespace sim

@@ -1,16 +1,15 @@
 #include "preload/device_node.hpp"
 
-#include "model/text.hpp"
-#include "preload/board_work.hpp"
-#include "preload/device_page.hpp"
-#include "preload/report.hpp"
-
 #include <cerrno>
 #include <cstring>
+
 #include <fcntl.h>
 #include <sys/mman.h>
 
-namespace sim {
+#include "model/text.hpp"
+#include "preload/device_page.hpp"
+#include "preload/report.hpp"
+
 namespace {
 
 page_content content_of(const board_model& model, std::uint32_t page) {
@@ -48,7 +47,6 @@ int open_device_node(board_session& board, int flags) {
 }
 
 void* map_device_node(board_session& board, const map_request& request) {
-    const board_work work;
     check_request(board, request);
     const auto page = static_cast<std::uint32_t>(request.offset);
     const std::string event = "map " + hex_text(page);
@@ -61,14 +59,13 @@ void* map_device_node(board_session& board, const map_request& request) {
     } else if (const std::optional<int> error = board.faults().map_error(page)) {
         errno = *error;
     } else {
-        start = map_device_page(page, content_of(board.model(), page), request.place);
+        start = map_device_page(page, content_of(board.model(), page));
     }
     board.trace().line(start == MAP_FAILED ? event + " failed: " + std::strerror(errno) : event);
     return start;
 }
 
 void unmap_device_node(board_session& board, std::size_t length) {
-    const board_work work;
     const page_use use = unmap_device_page();
     if (!use.violation.empty()) {
         board.violation(use.violation);
@@ -85,5 +82,3 @@ void unmap_device_node(board_session& board, std::size_t length) {
     }
     board.trace().line("unmap " + hex_text(page_of(use.address)));
 }
-
-} // namespace sim

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "preload/board_session.hpp"
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
-namespace sim {
+#include "preload/board_session.hpp"
 
 /** How a program asks for a mapping: the arguments of mmap that matter. */
 struct map_request {
@@ -14,7 +12,6 @@ struct map_request {
     int protection;
     int flags;
     std::uint64_t offset; ///< the physical address
-    void* place;          ///< with MAP_FIXED where the mapping has to lie, else null
 };
 
 /**
@@ -32,5 +29,3 @@ void* map_device_node(board_session& board, const map_request& request);
 
 /** Ends the mapping, has the model take the write, if it was one, and keeps it in the folder. */
 void unmap_device_node(board_session& board, std::size_t length);
-
-} // namespace sim

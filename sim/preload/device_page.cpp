@@ -1,18 +1,18 @@
 #include "preload/device_page.hpp"
 
+#include <csignal>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+#include <sys/mman.h>
+
 #include "model/text.hpp"
 #include "preload/board_session.hpp"
 #include "preload/next_call.hpp"
 #include "preload/report.hpp"
 #include "preload/single_step.hpp"
 
-#include <csignal>
-#include <cstddef>
-#include <cstring>
-#include <string_view>
-#include <sys/mman.h>
-
-namespace sim {
 namespace {
 
 enum class page_state { untouched, read, written, closed };
@@ -134,10 +134,10 @@ std::string find_violation() {
 
 } // namespace
 
-void* map_device_page(std::uint32_t page, const page_content& content, void* place) {
+void* map_device_page(std::uint32_t page, const page_content& content) {
     static auto* const real = next_call<decltype(::mmap)>("mmap");
-    const int flags = MAP_PRIVATE | MAP_ANONYMOUS | (place == nullptr ? 0 : MAP_FIXED);
-    void* const start = real(place, page_bytes, PROT_READ | PROT_WRITE, flags, -1, 0);
+    void* const start =
+        real(nullptr, page_bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (start == MAP_FAILED) {
         return start;
     }
@@ -176,5 +176,3 @@ page_use unmap_device_page() {
     watched.start = nullptr;
     return use;
 }
-
-} // namespace sim

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "model/device_layout.hpp"
-
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 
-namespace sim {
+#include "model/device_layout.hpp"
 
 /** What a page reads; empty where no register lies. */
 using page_content = std::array<std::optional<std::uint32_t>, page_words>;
@@ -33,10 +31,8 @@ struct page_use {
  *
  * SIGSEGV and SIGTRAP are taken over while a page is mapped; what is not about the page goes on to
  * the handlers that were there before.
- *
- * `place` is where the page has to lie, or null where it may lie anywhere.
  */
-void* map_device_page(std::uint32_t page, const page_content& content, void* place);
+void* map_device_page(std::uint32_t page, const page_content& content);
 
 /** True for the address of the page that is mapped now. */
 bool is_device_page(const void* address);
@@ -46,5 +42,3 @@ bool is_device_page_mapped();
 
 /** Takes the page away and says what was done with it. */
 page_use unmap_device_page();
-
-} // namespace sim

@@ -3,34 +3,31 @@
 
 #undef _FORTIFY_SOURCE // with it the headers define some of these functions themselves
 
-#include "model/board_paths.hpp"
-#include "model/failing_call.hpp"
-#include "preload/board_files.hpp"
-#include "preload/next_call.hpp"
-
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/uio.h>
 #include <unistd.h>
 
-namespace {
+#include "model/board_paths.hpp"
+#include "model/failing_call.hpp"
+#include "preload/board_files.hpp"
+#include "preload/next_call.hpp"
 
-using sim::board_session;
-using sim::failing_call;
-using sim::next_call;
+namespace {
 
 /** The board, if the path is the board's. */
 board_session* board_of(const char* path) {
-    return sim::is_board_path(path) ? sim::current_session() : nullptr;
+    return is_board_path(path) ? current_session() : nullptr;
 }
 
 /** The board, if the descriptor is open on it. */
 board_session* board_of(int descriptor) {
-    board_session* const board = sim::current_session();
-    return board != nullptr && board->files().path_of(descriptor) != nullptr ? board : nullptr;
+    board_session* const board = current_session();
+    return board != nullptr && board->files().find(descriptor) != nullptr ? board : nullptr;
 }
 
 /** The argument after the flags, which only calls that may create a file have. */
@@ -45,14 +42,13 @@ using fopen_call = FILE*(const char*, const char*);
 
 int open_file(open_call* real, const char* path, int flags, mode_t mode) {
     board_session* const board = board_of(path);
-    return board == nullptr ? real(path, flags, mode)
-                            : sim::open_on_board(*board, path, flags, mode);
+    return board == nullptr ? real(path, flags, mode) : open_on_board(*board, path, flags, mode);
 }
 
 int open_file_at(openat_call* real, int directory, const char* path, int flags, mode_t mode) {
     board_session* const board = board_of(path);
     return board == nullptr ? real(directory, path, flags, mode)
-                            : sim::open_on_board(*board, path, flags, mode);
+                            : open_on_board(*board, path, flags, mode);
 }
 
 FILE* open_stream(fopen_call* real, const char* path, const char* mode) {
@@ -60,7 +56,7 @@ FILE* open_stream(fopen_call* real, const char* path, const char* mode) {
     if (board == nullptr) {
         return real(path, mode);
     }
-    const int descriptor = sim::open_on_board(*board, path, sim::flags_of_mode(mode), 0666);
+    const int descriptor = open_on_board(*board, path, flags_of_mode(mode), 0666);
     FILE* const stream = descriptor < 0 ? nullptr : fdopen(descriptor, mode);
     if (stream == nullptr && descriptor >= 0) { // no memory for a stream
         close(descriptor);
@@ -72,7 +68,7 @@ FILE* open_stream(fopen_call* real, const char* path, const char* mode) {
 /** Whether a transfer by this call is to fail. */
 bool fails(failing_call call, int descriptor) {
     board_session* const board = board_of(descriptor);
-    return board != nullptr && sim::transfer_fails(*board, call, descriptor);
+    return board != nullptr && transfer_fails(*board, call, descriptor);
 }
 
 /** Closes by way of `real`, which is given the board's descriptor or something that holds it. */
@@ -82,9 +78,9 @@ int close_file(int descriptor, Close real) {
     if (board == nullptr) {
         return real();
     }
-    const std::unique_ptr<std::string> path = board->files().forget(descriptor);
+    const std::unique_ptr<board_file> file = board->files().forget(descriptor);
     const int result = real();
-    sim::trace_close(*board, *path);
+    trace_close(*board, file->path);
     return result;
 }
 
@@ -176,5 +172,5 @@ BOARD_CALL int flock(int descriptor, int operation) noexcept {
     static auto* const real = next_call<int(int, int)>("flock");
     board_session* const board = board_of(descriptor);
     return board == nullptr ? real(descriptor, operation)
-                            : sim::lock_on_board(*board, descriptor, operation);
+                            : lock_on_board(*board, descriptor, operation);
 }

@@ -6,7 +6,11 @@
 #include <memory>
 #include <string>
 
-namespace sim {
+/** A file of the board that is open. */
+struct board_file {
+    std::string path;   ///< as the program gave it
+    std::string before; ///< what it held, if it is open for writing
+};
 
 /** Which descriptors of the process are open on a path of the board. Safe between threads. */
 class open_files {
@@ -17,18 +21,16 @@ public:
     ~open_files();
 
     /** False for a descriptor beyond the first 1024: there is no place to keep it. */
-    bool remember(int descriptor, const std::string& path);
+    bool remember(int descriptor, const board_file& file);
 
-    /** The path as the program gave it, or null for a descriptor that is not the board's. */
-    const std::string* path_of(int descriptor) const;
+    /** The file, or null for a descriptor that is not the board's. */
+    const board_file* find(int descriptor) const;
 
-    /** As path_of, but the descriptor is the board's no longer. */
-    std::unique_ptr<std::string> forget(int descriptor);
+    /** As find, but the descriptor is the board's no longer. */
+    std::unique_ptr<board_file> forget(int descriptor);
 
 private:
     static constexpr std::size_t places = 1024;
 
-    std::array<std::atomic<std::string*>, places> m_paths{};
+    std::array<std::atomic<board_file*>, places> m_files{};
 };
-
-} // namespace sim

@@ -3,7 +3,6 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
-namespace sim {
 namespace {
 
 iovec part(std::string_view text) {
@@ -25,5 +24,3 @@ void refuse(std::string_view message) noexcept {
     say(message);
     _exit(2);
 }
-
-} // namespace sim

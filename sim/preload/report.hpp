@@ -2,8 +2,6 @@
 
 #include <string_view>
 
-namespace sim {
-
 /**
  * Writes `front`, `text` and a newline in one system call, so that the lines of several processes
  * do not mix. A failure is not reported: there is nowhere to. Usable in a signal handler.
@@ -15,5 +13,3 @@ void say(std::string_view message) noexcept;
 
 /** Says why the board cannot work, and ends the process at once with status 2. */
 [[noreturn]] void refuse(std::string_view message) noexcept;
-
-} // namespace sim

@@ -2,9 +2,8 @@
 
 #include <fstream>
 #include <string>
-#include <ucontext.h>
 
-namespace sim {
+#include <ucontext.h>
 
 void set_single_step([[maybe_unused]] void* context, [[maybe_unused]] bool on) noexcept {
 #if defined(__x86_64__) || defined(__i386__)
@@ -24,5 +23,3 @@ bool is_debugged() {
     }
     return false;
 }
-
-} // namespace sim

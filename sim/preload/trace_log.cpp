@@ -1,14 +1,13 @@
 #include "preload/trace_log.hpp"
 
-#include "preload/report.hpp"
-
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 #include <utility>
 
-namespace sim {
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "preload/report.hpp"
 
 trace_log::trace_log(std::string target) : m_target(std::move(target)) {
     if (m_target.empty() || m_target == "-") {
@@ -36,5 +35,3 @@ void trace_log::line(std::string_view text) const noexcept {
 int trace_log::open_file() const noexcept {
     return open(m_target.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
 }
-
-} // namespace sim

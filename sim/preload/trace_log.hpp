@@ -3,8 +3,6 @@
 #include <string>
 #include <string_view>
 
-namespace sim {
-
 /** The events of a run, in order, one line each. Keeps no descriptor open between two lines. */
 class trace_log {
 public:
@@ -22,5 +20,3 @@ private:
 
     std::string m_target;
 };
-
-} // namespace sim

@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <string>
 
-#include <sys/wait.h>
-
 #include <gtest/gtest.h>
+
+#include <sys/wait.h>
 
 /** How a command on a board ended and what it said. */
 struct outcome {

@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-namespace sim {
 namespace board_paths_test {
 
-TEST(sim_board_paths, the_boards_places_and_what_lies_in_them_are_the_boards) {
+TEST(BoardPaths, TheBoardsPlacesAndWhatLiesInThemAreTheBoards) {
     for (const char* const path :
          {"/dev/zeb_mem", "/tmp/brisel.lock", "/sys/class/regulator",
           "/sys/class/regulator/regulator.1/microvolts", "/sys/kernel/debug/mmc0/rdqs"}) {
@@ -13,7 +12,7 @@ TEST(sim_board_paths, the_boards_places_and_what_lies_in_them_are_the_boards) {
     }
 }
 
-TEST(sim_board_paths, the_machines_own_files_are_not) {
+TEST(BoardPaths, TheMachinesOwnFilesAreNot) {
     for (const char* const path :
          {"", "/", "/dev/null", "/dev/zeb_mem2", "/tmp/brisel.lock.old", "/sys/class",
           "/sys/class/regulators", "sys/class/regulator", "/home/sys/kernel/debug"}) {
@@ -22,4 +21,3 @@ TEST(sim_board_paths, the_machines_own_files_are_not) {
 }
 
 } // namespace board_paths_test
-} // namespace sim

@@ -1,12 +1,11 @@
 #include "model/register_table.hpp"
 
-#include "model/text.hpp"
-
 #include <sstream>
 
 #include <gtest/gtest.h>
 
-namespace sim {
+#include "model/text.hpp"
+
 namespace register_table_test {
 
 register_table table_of(const std::string& text) {
@@ -29,25 +28,25 @@ std::string refusal_of(const std::string& text) {
     return "no refusal";
 }
 
-TEST(sim_register_table, a_line_gives_a_word_and_what_it_is) {
+TEST(RegisterTable, ALineGivesAWordAndWhatItIs) {
     const register_table table = table_of("0x10040004 - 0x00200001 ro  mac tx \n");
     const register_entry* const entry = table.find({0x10040004, std::nullopt});
     ASSERT_NE(entry, nullptr);
-    EXPECT_EQ(entry->word, 0x00200001u);
+    EXPECT_EQ(entry->word, 0x00200001U);
     EXPECT_TRUE(entry->read_only);
     EXPECT_EQ(entry->name, "mac tx");
 }
 
-TEST(sim_register_table, banked_words_are_told_apart_by_selector) {
+TEST(RegisterTable, BankedWordsAreToldApartBySelector) {
     const register_table table = table_of("0x18428194 0x007 1 rw one\n"
                                           "0x18428194 0x107 2 rw two\n");
-    EXPECT_EQ(table.find({0x18428194, 0x007})->word, 1u);
-    EXPECT_EQ(table.find({0x18428194, 0x107})->word, 2u);
+    EXPECT_EQ(table.find({0x18428194, 0x007})->word, 1U);
+    EXPECT_EQ(table.find({0x18428194, 0x107})->word, 2U);
     EXPECT_EQ(table.find({0x18428194, 0x207}), nullptr);
     EXPECT_EQ(table.find({0x18428194, std::nullopt}), nullptr);
 }
 
-TEST(sim_register_table, a_banked_register_lies_where_its_select_register_is_listed) {
+TEST(RegisterTable, ABankedRegisterLiesWhereItsSelectRegisterIsListed) {
     const register_table table = table_of("0x1842812c - 0 rw select\n");
     EXPECT_TRUE(table.has_register(0x1842812c));
     EXPECT_TRUE(table.has_register(0x18428194));
@@ -55,21 +54,43 @@ TEST(sim_register_table, a_banked_register_lies_where_its_select_register_is_lis
     EXPECT_FALSE(table.has_register(0x18428120));
 }
 
-TEST(sim_register_table, printing_gives_back_the_text_with_comments) {
+TEST(RegisterTable, APropertyIsFoundByTheFieldsOfItsWord) {
+    const register_table table = table_of("0x10090110 - 0 rw i2c0-delay\n"
+                                          "0x18428194 0x107 0 rw orlin-ddra-read1::dq1\n"
+                                          "0x111a2204 - 0 ro pcie-state\n"
+                                          "fields i2c*-delay sda-delay=3..0 scl-delay=7..4\n"
+                                          "fields *::dq? 6..0\n"
+                                          "fields pcie-state pcie-link::state-ro=3..0\n");
+    const auto scl = table.find_property("i2c0-delay::scl-delay");
+    ASSERT_TRUE(scl);
+    EXPECT_EQ(scl->place, (register_key{0x10090110, std::nullopt}));
+    EXPECT_EQ(scl->high, 7U);
+    EXPECT_EQ(scl->low, 4U);
+    EXPECT_EQ(scl->limit(), 15U);
+    EXPECT_EQ(table.find_property("orlin-ddra-read1::dq1")->place,
+              (register_key{0x18428194, 0x107}));
+    EXPECT_EQ(table.find_property("pcie-link::state-ro")->high, 3U);
+    for (const char* const other : {"i2c0-delay", "i2c1-delay::scl-delay",
+                                    "i2c0-delay::", "pcie-state::pcie-link::state-ro"}) {
+        EXPECT_FALSE(table.find_property(other)) << other;
+    }
+}
+
+TEST(RegisterTable, PrintingGivesBackTheTextWithComments) {
     const std::string text =
         "# a comment\n\n  0x10040004   - 0x1 rw   mac-tx  # the rest \n# end\n";
     EXPECT_EQ(printed(table_of(text)), text);
 }
 
-TEST(sim_register_table, a_changed_word_changes_its_digits_only) {
+TEST(RegisterTable, AChangedWordChangesItsDigitsOnly) {
     register_table table = table_of("# one\n 0x10040004  -   7 rw  mac-tx\n");
     table.set_word({0x10040004, std::nullopt}, 0xabcdef);
     table.set_word({0x10040004, std::nullopt}, 0x12);
     EXPECT_EQ(printed(table), "# one\n 0x10040004  -   0x00000012 rw  mac-tx\n");
-    EXPECT_EQ(table.find({0x10040004, std::nullopt})->word, 0x12u);
+    EXPECT_EQ(table.find({0x10040004, std::nullopt})->word, 0x12U);
 }
 
-TEST(sim_register_table, an_added_word_is_a_line_in_the_same_columns_and_can_be_changed) {
+TEST(RegisterTable, AnAddedWordIsALineInTheSameColumnsAndCanBeChanged) {
     register_table table = table_of("# one\n");
     table.add({0x18428194, 0x20f}, {5, false, "spare"});
     table.add({0x10040004, std::nullopt}, {6, true, "mac-tx"});
@@ -80,7 +101,7 @@ TEST(sim_register_table, an_added_word_is_a_line_in_the_same_columns_and_can_be_
     EXPECT_EQ(printed(table_of(printed(table))), printed(table));
 }
 
-TEST(sim_register_table, a_line_that_makes_no_sense_is_refused_with_its_place) {
+TEST(RegisterTable, ALineThatMakesNoSenseIsRefusedWithItsPlace) {
     const struct {
         const char* line;
         const char* message;
@@ -94,6 +115,10 @@ TEST(sim_register_table, a_line_that_makes_no_sense_is_refused_with_its_place) {
         {"0x10040004 -", "the word is missing"},
         {"0x10040004 - 5 rx x", "'rx' is no access: rw or ro"},
         {"0x10040004 - 5 rw", "the name is missing"},
+        {"fields mac-?? 3", "'3' are no bits: HIGH..LOW"},
+        {"fields mac-?? delay=3..4", "'3..4' are no bits: HIGH..LOW"},
+        {"fields mac-?? delay=32..0", "'32..0' are no bits: HIGH..LOW"},
+        {"fields mac-?? delay=a..0", "'a..0' are no bits: HIGH..LOW"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(refusal_of(std::string("# first\n") + row.line + "\n"),
@@ -101,10 +126,9 @@ TEST(sim_register_table, a_line_that_makes_no_sense_is_refused_with_its_place) {
     }
 }
 
-TEST(sim_register_table, a_word_that_is_listed_twice_is_refused) {
+TEST(RegisterTable, AWordThatIsListedTwiceIsRefused) {
     EXPECT_EQ(refusal_of("0x10040004 - 5 rw x\n0x10040004 - 6 rw y\n"),
               "registers:2: this word is listed already");
 }
 
 } // namespace register_table_test
-} // namespace sim

@@ -1,3 +1,0 @@
-// Linked statically, and so out of reach for the simulated board.
-
-int main() {}
