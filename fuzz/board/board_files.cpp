@@ -4,7 +4,6 @@
 
 #include "support/text_file.hpp"
 
-namespace fuzz {
 namespace {
 
 std::optional<std::string> content_of(const std::string& path) {
@@ -39,5 +38,3 @@ file_contents board_files::contents() const {
 std::string board_files::path(const std::string& board_path) const {
     return m_dir.path().string() + board_path;
 }
-
-} // namespace fuzz

@@ -6,8 +6,6 @@
 
 #include "support/temp_dir.hpp"
 
-namespace fuzz {
-
 /** Contents of files by their absolute path on the board, nothing for one that is not there. */
 using file_contents = std::map<std::string, std::optional<std::string>>;
 
@@ -33,5 +31,3 @@ private:
     temp_dir m_dir;
     file_contents m_reset_to;
 };
-
-} // namespace fuzz

@@ -6,7 +6,6 @@
 #include "model/ddr_phy.hpp"
 #include "reg/mmap_access.hpp"
 
-namespace fuzz {
 namespace {
 
 memory_board* newest = nullptr;
@@ -15,7 +14,7 @@ constexpr std::uint32_t empty_bus = 0xffffffff;
 
 } // namespace
 
-memory_board::memory_board(sim::board_model model)
+memory_board::memory_board(board_model model)
     : m_model(std::move(model)), m_before(std::exchange(newest, this)) {}
 
 memory_board::~memory_board() {
@@ -27,21 +26,22 @@ memory_board& memory_board::plugged_in() {
 }
 
 std::uint32_t memory_board::read(std::uint32_t address) {
-    access made = doctored(access::read, address, 0);
+    memory_access made = doctored(false, address, 0);
     made.word = m_model.read(made.address).value_or(empty_bus);
     m_accesses.push_back(made);
     return made.word;
 }
 
 void memory_board::write(std::uint32_t address, std::uint32_t word) {
-    const access made = doctored(access::write, address, word);
+    const memory_access made = doctored(true, address, word);
     m_accesses.push_back(made);
     m_sent[made.address] = made.word;
     m_model.write(made.address, made.word);
 }
 
-access memory_board::doctored(access::kind what, std::uint32_t address, std::uint32_t word) const {
-    access made{what, address, word, place_of(address)};
+memory_access memory_board::doctored(bool written, std::uint32_t address,
+                                     std::uint32_t word) const {
+    memory_access made{written, address, word, place_of(address)};
     if (doctor) {
         doctor(made);
         made.place = place_of(made.address);
@@ -49,19 +49,17 @@ access memory_board::doctored(access::kind what, std::uint32_t address, std::uin
     return made;
 }
 
-sim::register_key memory_board::place_of(std::uint32_t address) const {
-    const std::optional<sim::banked_register> banked = sim::find_banked_register(address);
+register_key memory_board::place_of(std::uint32_t address) const {
+    const std::optional<banked_register> banked = find_banked_register(address);
     const auto sent = banked ? m_sent.find(banked->select_address) : m_sent.end();
     return {address, sent == m_sent.end() ? std::nullopt : std::optional(sent->second)};
 }
 
-} // namespace fuzz
-
 unsigned int mmap_read(unsigned int address) {
-    return fuzz::memory_board::plugged_in().read(address);
+    return memory_board::plugged_in().read(address);
 }
 
 unsigned int mmap_write(unsigned int address, unsigned int value) {
-    fuzz::memory_board::plugged_in().write(address, value);
+    memory_board::plugged_in().write(address, value);
     return 0;
 }

@@ -7,17 +7,14 @@
 
 #include "model/board_model.hpp"
 
-namespace fuzz {
-
 /** One access of the tool to the hardware. */
-struct access {
-    enum kind { read, write };
-    kind what;
-    std::uint32_t address;
-    std::uint32_t word; ///< what was read, or what was sent
+struct memory_access {
+    bool written = false;
+    std::uint32_t address = 0;
+    std::uint32_t word = 0; ///< what was read, or what was sent
     /** The word meant: the address, and behind a data register of a PHY the selector of the time.
      */
-    sim::register_key place;
+    register_key place;
 };
 
 /**
@@ -28,7 +25,7 @@ struct access {
  */
 class memory_board {
 public:
-    explicit memory_board(sim::board_model model);
+    explicit memory_board(board_model model);
     ~memory_board();
     memory_board(const memory_board&) = delete;
     memory_board& operator=(const memory_board&) = delete;
@@ -40,7 +37,7 @@ public:
     void write(std::uint32_t address, std::uint32_t word);
 
     /** Every access so far, in order. */
-    const std::vector<access>& accesses() const { return m_accesses; }
+    const std::vector<memory_access>& accesses() const { return m_accesses; }
 
     bool has_register(std::uint32_t address) const {
         return m_model.registers().has_register(address);
@@ -50,16 +47,14 @@ public:
      * When set, may change the address and the word of every access before it is carried out: so
      * that a test can tell a tool that goes wrong from one that does not.
      */
-    inline static std::function<void(access&)> doctor;
+    inline static std::function<void(memory_access&)> doctor;
 
 private:
-    access doctored(access::kind what, std::uint32_t address, std::uint32_t word) const;
-    sim::register_key place_of(std::uint32_t address) const;
+    memory_access doctored(bool written, std::uint32_t address, std::uint32_t word) const;
+    register_key place_of(std::uint32_t address) const;
 
-    sim::board_model m_model;
-    std::vector<access> m_accesses;
+    board_model m_model;
+    std::vector<memory_access> m_accesses;
     std::map<std::uint32_t, std::uint32_t> m_sent; ///< the last word written, by address
     memory_board* m_before;
 };
-
-} // namespace fuzz

@@ -1,8 +1,7 @@
 #include "checker/checked_property.hpp"
 
-#include "support/captured_stream.hpp"
+#include "support/fake_streams.hpp"
 
-namespace fuzz {
 namespace {
 
 /** The same step in the other direction. */
@@ -34,10 +33,10 @@ std::string checked_property::shown() {
 }
 
 bool checked_property::accepts(const std::string& text) {
-    const captured_stream messages(standard_error);
+    fake_streams::reset();
     const outcome result = outcome_of([&] { return m_property.set(text); });
     m_checker.check_set(m_target, result, text);
-    return result == outcome::accepted && messages.text().empty();
+    return result == outcome::accepted && fake_streams::writes().empty();
 }
 
 bool checked_property::is_plain_step(const std::string& text) const {
@@ -45,5 +44,3 @@ bool checked_property::is_plain_step(const std::string& text) const {
            m_target.fields.front().what == field_place::kind::plain &&
            (text.starts_with('+') || text.starts_with('-'));
 }
-
-} // namespace fuzz

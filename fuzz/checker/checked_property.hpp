@@ -7,8 +7,6 @@
 #include "checker/invariant_checker.hpp"
 #include "property/property.hpp"
 
-namespace fuzz {
-
 /** How an action that reports success as a bool ends. Any other exception leaves the function. */
 template <class Action>
 outcome outcome_of(const Action& action) {
@@ -45,5 +43,3 @@ private:
     const property_target m_target;
     invariant_checker& m_checker;
 };
-
-} // namespace fuzz

@@ -1,12 +1,11 @@
 // What invariant_checker looks at in the files of the board.
 
-#include "checker/invariant_checker.hpp"
-
 #include <cstdint>
 #include <limits>
 #include <sstream>
 
-namespace fuzz {
+#include "checker/invariant_checker.hpp"
+
 namespace {
 
 /** The number of a text that is what a 32-bit number prints as, and nothing else. */
@@ -38,14 +37,13 @@ bool is_between(std::int64_t min, std::int64_t number, std::int64_t max) {
 
 } // namespace
 
-void invariant_checker::check_files(const property_target* target, outcome result,
+void invariant_checker::check_files(const property_target& target, bool may_change,
                                     const std::string& text) {
     const file_contents now = m_files.contents();
-    const bool may_change = target != nullptr && result == outcome::accepted;
-    const std::string writable = may_change ? target->writable_file() : "";
+    const std::string writable = may_change ? target.writable_file() : "";
     for (const auto& [path, content] : now) {
         if (path == writable) {
-            check_new_content(*target, content.value_or("(no file)"), text);
+            check_new_content(target, content.value_or("(no file)"), text);
         } else if (content != m_contents[path]) {
             report("changed: " + path);
         }
@@ -92,5 +90,3 @@ void invariant_checker::check_shown_number(const property_target& target,
         report("shown: " + shown + ", held: " + content);
     }
 }
-
-} // namespace fuzz

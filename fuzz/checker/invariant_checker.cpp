@@ -6,11 +6,10 @@
 #include "model/ddr_phy.hpp"
 #include "model/text.hpp"
 
-namespace fuzz {
 namespace {
 
 std::optional<std::uint32_t> select_of(std::uint32_t address) {
-    const std::optional<sim::banked_register> banked = sim::find_banked_register(address);
+    const std::optional<banked_register> banked = find_banked_register(address);
     return banked ? std::optional(banked->select_address) : std::nullopt;
 }
 
@@ -26,7 +25,7 @@ bool has_select_register(const property_target& target, std::uint32_t address) {
 }
 
 std::string hex(std::uint32_t number) {
-    return sim::hex_text(number);
+    return hex_text(number);
 }
 
 } // namespace
@@ -38,15 +37,15 @@ void invariant_checker::check_set(const property_target& target, outcome result,
                                   const std::string& text) {
     check_exception(target, result, true);
     check_list(target, text);
-    check_written(target, result, check_accesses(&target, true));
-    check_files(&target, result, text);
+    check_written(target, result, check_accesses(target, true));
+    check_files(target, result == outcome::accepted, text);
 }
 
 void invariant_checker::check_get(const property_target& target, outcome result,
                                   const std::string& shown, bool hexadecimal) {
     check_exception(target, result, false);
-    check_accesses(&target, false);
-    check_files(nullptr, result, "");
+    check_accesses(target, false);
+    check_files(target, false, "");
     if (!target.is_in_registers()) {
         if (result == outcome::accepted) {
             check_shown_number(target, shown);
@@ -59,11 +58,6 @@ void invariant_checker::check_get(const property_target& target, outcome result,
     if (seen != held) {
         report("shown: " + seen.value_or("nothing") + ", held: " + held.value_or("no legal value"));
     }
-}
-
-void invariant_checker::check_idle() {
-    check_accesses(nullptr, false);
-    check_files(nullptr, outcome::refused, "");
 }
 
 void invariant_checker::check_round_trip(const std::string& before, const std::string& after,
@@ -84,20 +78,20 @@ void invariant_checker::check_exception(const property_target& target, outcome r
     }
 }
 
-invariant_checker::writes invariant_checker::check_accesses(const property_target* target,
+invariant_checker::writes invariant_checker::check_accesses(const property_target& target,
                                                             bool may_write) {
     writes result;
     for (; m_checked < m_board.accesses().size(); ++m_checked) {
-        const access& made = m_board.accesses()[m_checked];
+        const memory_access& made = m_board.accesses()[m_checked];
         check_access(target, m_checked);
-        if (target == nullptr || !has_data_register(*target, made.address)) {
+        if (!has_data_register(target, made.address)) {
             continue;
         }
-        if (made.what == access::write) {
+        if (made.written) {
             if (!may_write) {
                 report("written while reading: " + hex(made.address));
             }
-            check_write(*target, made);
+            check_write(target, made);
             result.sent.insert(made.place);
             if (m_seen[made.place] != made.word) {
                 result.changed.insert(made.place);
@@ -108,29 +102,28 @@ invariant_checker::writes invariant_checker::check_accesses(const property_targe
     return result;
 }
 
-void invariant_checker::check_access(const property_target* target, std::size_t index) {
-    const access& made = m_board.accesses()[index];
+void invariant_checker::check_access(const property_target& target, std::size_t index) {
+    const memory_access& made = m_board.accesses()[index];
     if (made.address % 4 != 0) {
         report("not aligned: " + hex(made.address));
     }
     if (!m_board.has_register(made.address)) {
         report("no register there: " + hex(made.address));
     }
-    if (target == nullptr ||
-        !(has_data_register(*target, made.address) || has_select_register(*target, made.address))) {
+    if (!has_data_register(target, made.address) && !has_select_register(target, made.address)) {
         report("not a register of the property: " + hex(made.address));
     }
     const std::optional<std::uint32_t> select = select_of(made.address);
     if (!select) {
         return;
     }
-    const access* const before = index == 0 ? nullptr : &m_board.accesses()[index - 1];
-    if (before == nullptr || before->what != access::write || before->address != *select) {
+    const memory_access* const before = index == 0 ? nullptr : &m_board.accesses()[index - 1];
+    if (before == nullptr || !before->written || before->address != *select) {
         report("data register accessed without selecting: " + hex(made.address));
     }
 }
 
-void invariant_checker::check_write(const property_target& target, const access& made) {
+void invariant_checker::check_write(const property_target& target, const memory_access& made) {
     const auto seen = m_seen.find(made.place);
     if (seen == m_seen.end()) {
         report("written without being read: " + hex(made.address));
@@ -224,5 +217,3 @@ std::optional<std::string> invariant_checker::text_of(const property_target& tar
     }
     return "{" + list + "}";
 }
-
-} // namespace fuzz

@@ -12,8 +12,6 @@
 #include "board/memory_board.hpp"
 #include "checker/property_target.hpp"
 
-namespace fuzz {
-
 /** How an action of the tool ended. */
 enum class outcome { accepted, refused, out_of_range, invalid_argument };
 
@@ -50,9 +48,6 @@ public:
     void check_get(const property_target& target, outcome result, const std::string& shown,
                    bool hexadecimal);
 
-    /** Something happened that should have touched nothing. */
-    void check_idle();
-
     /** A plain field stepped by +n and -n, without touching a limit, shows the same as before. */
     void check_round_trip(const std::string& before, const std::string& after,
                           const std::string& step);
@@ -66,17 +61,17 @@ public:
 private:
     /** The words that an action sent to the hardware, and those of them that were new. */
     struct writes {
-        std::set<sim::register_key> sent;
-        std::set<sim::register_key> changed;
+        std::set<register_key> sent;
+        std::set<register_key> changed;
     };
 
-    writes check_accesses(const property_target* target, bool may_write);
-    void check_access(const property_target* target, std::size_t index);
-    void check_write(const property_target& target, const access& made);
+    writes check_accesses(const property_target& target, bool may_write);
+    void check_access(const property_target& target, std::size_t index);
+    void check_write(const property_target& target, const memory_access& made);
     void check_written(const property_target& target, outcome result, const writes& made);
     void check_list(const property_target& target, const std::string& text);
     void check_exception(const property_target& target, outcome result, bool setting);
-    void check_files(const property_target* target, outcome result, const std::string& text);
+    void check_files(const property_target& target, bool may_change, const std::string& text);
     void check_new_content(const property_target& target, const std::string& content,
                            const std::string& text);
     void check_shown_number(const property_target& target, const std::string& shown);
@@ -88,8 +83,6 @@ private:
     std::size_t m_checked = 0; ///< how many accesses have been looked at
     file_contents m_contents;  ///< as they were after the last action
     /** Every word that was read or written, as it was seen last. */
-    std::map<sim::register_key, std::uint32_t> m_seen;
+    std::map<register_key, std::uint32_t> m_seen;
     findings m_violations;
 };
-
-} // namespace fuzz

@@ -1,10 +1,7 @@
 #include "checker/known_properties.hpp"
 
-#include <sstream>
-
 #include "catalogue/table.hpp"
 
-namespace fuzz {
 namespace {
 
 const std::map<std::string, field_place::kind> field_kinds = {
@@ -16,8 +13,8 @@ const std::map<std::string, field_place::kind> field_kinds = {
 
 std::map<std::string, property_target> register_fields() {
     std::map<std::string, std::map<std::uint32_t, std::uint32_t>> maps;
-    for (const table_row& row : read_table("maps.tsv")) {
-        maps[row["map"]][row.number("user-value")] = row.number("raw-value");
+    for (const table_row& row : hardware_rows("map")) {
+        maps[row["name"]][row.number("user-value")] = row.number("raw-value");
     }
     std::map<std::string, property_target> found;
     for (const register_field& each : every_register_field()) {
@@ -27,30 +24,27 @@ std::map<std::string, property_target> register_fields() {
                                 field.number("high"),
                                 field.number("low"),
                                 maps[field["map"]]};
-        found[reg["name"] + "::" + field["name"]] = {property_target::kind::field, {place}, ""};
+        found[each.name()] = {property_target::kind::field, {place}, ""};
     }
     return found;
 }
 
 void add_sets(std::map<std::string, property_target>& properties) {
-    for (const table_row& row : read_table("properties.tsv")) {
-        if (row["kind"] != "set") {
-            continue;
-        }
-        property_target set{property_target::kind::set, {}, ""};
-        std::istringstream members(row["members"]);
-        for (std::string member; std::getline(members, member, ',');) {
+    for (const hardware_property& p : every_property()) {
+        for (const std::string& member : p.members) {
+            property_target& set = properties[p.name];
+            set.what = property_target::kind::set;
             set.fields.push_back(properties.at(member).fields.front());
         }
-        properties[row["name"]] = set;
     }
 }
 
 void add_files(std::map<std::string, property_target>& properties) {
-    for (const table_row& row : read_table("elsewhere.tsv")) {
-        const bool file = row["kind"] == "file";
-        properties[row["name"]] = {file ? property_target::kind::file
-                                        : property_target::kind::regulator,
+    for (const table_row& row : hardware_rows("regulator")) {
+        properties[row["name"]] = {property_target::kind::regulator, {}, row["directory"]};
+    }
+    for (const table_row& row : hardware_rows("file")) {
+        properties[row["name"]] = {property_target::kind::file,
                                    {},
                                    row["path"],
                                    static_cast<int>(row.number("minimum")),
@@ -69,5 +63,3 @@ const std::map<std::string, property_target>& known_properties() {
     }();
     return properties;
 }
-
-} // namespace fuzz

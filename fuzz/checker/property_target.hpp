@@ -7,13 +7,11 @@
 
 #include "model/register_table.hpp"
 
-namespace fuzz {
-
 /** Where a field lies and what it may hold. */
 struct field_place {
     enum class kind { plain, mapped, read_only, dq };
     kind what;
-    sim::register_key place;
+    register_key place;
     unsigned int high; ///< highest bit, inclusive
     unsigned int low;  ///< lowest bit, inclusive
     /** User value to raw code; for `mapped` only. */
@@ -36,7 +34,7 @@ struct field_place {
 /** What a property may reach when it is read or set. */
 struct property_target {
     enum class kind { field, set, file, regulator };
-    kind what;
+    kind what = kind::field;
     /** `field`: the one; `set`: those of its members, in their order. */
     std::vector<field_place> fields;
     /** `file`: the file; `regulator`: its folder. By the path on the board. */
@@ -52,5 +50,3 @@ struct property_target {
         return what == kind::regulator ? path + "/microvolts" : path;
     }
 };
-
-} // namespace fuzz

@@ -8,7 +8,7 @@
 #include "targets/targets.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const fuzz::findings found = fuzz::FUZZ_TARGET({reinterpret_cast<const char*>(data), size});
+    const findings found = FUZZ_TARGET({reinterpret_cast<const char*>(data), size});
     for (const std::string& line : found) {
         std::cerr << line << '\n';
     }

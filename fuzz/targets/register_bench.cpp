@@ -10,11 +10,9 @@
 #include "property/property.hpp"
 #include "property/property_group.hpp"
 #include "property/property_register.hpp"
-#include "reg/garbages.hpp"
 #include "reg/reg_bitmask.hpp"
 #include "reg/reg_info.hpp"
 
-namespace fuzz {
 namespace {
 
 const reg_info& catalogue_register(const std::string& name) {
@@ -46,13 +44,13 @@ reg_info* fresh_copy(const reg_info& original) {
     return copy;
 }
 
-sim::board_model model_of(const reg_info& reg, const value_input& words) {
-    sim::register_table table;
+board_model model_of(const reg_info& reg, const value_input& words) {
+    register_table table;
     std::size_t index = 0;
     for (const auto& [field_name, field] : reg.m_subvals) {
-        const sim::register_key place =
+        const register_key place =
             known_properties().at(reg.m_name + "::" + field_name).fields.front().place;
-        const auto banked = sim::find_banked_register(place.address);
+        const auto banked = find_banked_register(place.address);
         if (banked && !table.has_register(place.address)) {
             table.add({banked->select_address, std::nullopt}, {0, false, "select"});
         }
@@ -60,7 +58,7 @@ sim::board_model model_of(const reg_info& reg, const value_input& words) {
             table.add(place, {words.number(index++), false, field_name});
         }
     }
-    return sim::board_model(table, {});
+    return board_model(table, {});
 }
 
 } // namespace
@@ -77,5 +75,3 @@ register_bench::~register_bench() {
     delete info_garbages.m_list.back();
     info_garbages.m_list.pop_back();
 }
-
-} // namespace fuzz

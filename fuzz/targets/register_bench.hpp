@@ -5,8 +5,6 @@
 #include "board/memory_board.hpp"
 #include "targets/value_input.hpp"
 
-namespace fuzz {
-
 /**
  * One register of the catalogue as it is at start-up, its fields registered as properties, on a
  * board that has nothing else. All of it goes with the object.
@@ -27,5 +25,3 @@ public:
 private:
     memory_board m_board;
 };
-
-} // namespace fuzz

@@ -4,8 +4,6 @@
 
 #include "checker/invariant_checker.hpp"
 
-namespace fuzz {
-
 /*
  * What the fuzz targets do with an input, one function per target and named like it. Each returns
  * what the invariant checker found: nothing, if all is well.
@@ -26,13 +24,3 @@ findings file_value(const std::string& input);      ///< mmc::rdqs: the file's f
 
 /** cpu_regulator::microvolts: voltage, lower and upper limit */
 findings regulator_value(const std::string& input);
-
-/**
- * The whole program on a whole board. One word of the command line per line, without the program's
- * name. Lines before one that begins with "$" describe the board: faults as in
- * sim/power-on/faults, or "word ADDRESS[/SELECTOR] WORD" for what a register holds. A line that
- * makes no sense there is skipped.
- */
-findings command_line(const std::string& input);
-
-} // namespace fuzz

@@ -4,8 +4,6 @@
 #include <cstdlib>
 #include <sstream>
 
-namespace fuzz {
-
 std::vector<std::string> lines_of(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream stream(text);
@@ -33,5 +31,3 @@ unsigned int value_input::number(std::size_t index) const {
                ? static_cast<unsigned int>(std::strtoull(start[index].c_str(), nullptr, 0))
                : 0;
 }
-
-} // namespace fuzz

@@ -3,8 +3,6 @@
 #include <string>
 #include <vector>
 
-namespace fuzz {
-
 /** The lines of a text, without their ends; a text that ends with a newline has no empty last one.
  */
 std::vector<std::string> lines_of(const std::string& text);
@@ -20,5 +18,3 @@ struct value_input {
     /** One of the words as a number, decimal or with "0x"; the low 32 bits, or 0. */
     unsigned int number(std::size_t index) const;
 };
-
-} // namespace fuzz

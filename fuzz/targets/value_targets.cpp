@@ -1,16 +1,13 @@
-#include "targets/targets.hpp"
-
 #include "board/board_files.hpp"
 #include "checker/checked_property.hpp"
 #include "checker/known_properties.hpp"
 #include "property/property_file.hpp"
 #include "property/property_regulator_voltage.hpp"
 #include "property/property_set.hpp"
-#include "support/captured_stream.hpp"
 #include "targets/register_bench.hpp"
+#include "targets/targets.hpp"
 #include "targets/value_input.hpp"
 
-namespace fuzz {
 namespace {
 
 /** Sets the property to the values of the input, one after another. */
@@ -37,7 +34,7 @@ findings set_field(const std::string& register_name, const std::string& field_na
 
 /** A board that has no register. */
 const memory_board& empty_board() {
-    static const memory_board board(sim::board_model({}, {}));
+    static const memory_board board(board_model({}, {}));
     return board;
 }
 
@@ -85,7 +82,6 @@ findings set_value(const std::string& text) {
 findings file_value(const std::string& text) {
     static board_files files;
     const std::string path = "/sys/kernel/debug/mmc0/rdqs";
-    const captured_stream messages(standard_error);
     const value_input input(text);
     files.reset(contents_from(input, {path}));
     property_file<int> file("mmc::rdqs", files.path(path), 2, 255);
@@ -101,5 +97,3 @@ findings regulator_value(const std::string& text) {
     property_regulator_voltage regulator("cpu_regulator::microvolts", files.path(path), 93, 107);
     return set_all(regulator, input, empty_board(), files);
 }
-
-} // namespace fuzz
