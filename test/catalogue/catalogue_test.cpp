@@ -1,4 +1,6 @@
-// The fields and registers of the catalogue, proof-read against the tables in this folder.
+// The fields and registers of the catalogue, proof-read against the table of hardware.
+
+#include "platform/catalogue.hpp"
 
 #include <initializer_list>
 #include <list>
@@ -12,17 +14,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/catalogue.hpp"
+#include "catalogue/table.hpp"
 #include "platform/orlin/reg_bitmask_dq.hpp"
 #include "platform/orlin/reg_info_orlin_ddr.hpp"
 #include "platform/orlin/reg_info_orlin_dq.hpp"
-#include "protected_members.hpp"
-#include "reg/garbages.hpp"
 #include "reg/reg_bitmask.hpp"
 #include "reg/reg_bitmask_map.hpp"
 #include "reg/reg_bitmask_ro.hpp"
 #include "reg/reg_info.hpp"
-#include "table.hpp"
+#include "tools/protected_members.hpp"
 
 namespace catalogue_test {
 
@@ -33,7 +33,7 @@ std::type_index exact_kind(const T& object) {
     return typeid(object);
 }
 
-/** The kinds of a register and of its fields, by the register kind's name in the tables. */
+/** The kinds of a register and of its fields, by the register kind's name in the table. */
 struct kinds {
     std::type_index reg;
     std::type_index field;
@@ -52,36 +52,37 @@ const std::map<std::string, std::type_index> field_kinds = {
     {"reg_bitmask_ro", typeid(reg_bitmask_ro)},
 };
 
-/** A row of a table and the object that the program built in that place. */
+/** A row of the table and the object that the program built in that place. */
 template <class T>
 struct entry {
     table_row row;
     T* object;
 };
 
-/** Pairs the rows of a table with the objects of an ownership list, both in building order. */
+/** Pairs the rows of a kind with the objects of an ownership list, both in building order. */
 template <class T>
-std::vector<entry<T>> pair_up(const std::string& file, const std::list<T*>& built) {
+std::vector<entry<T>> pair_up(const std::string& kind, const std::list<T*>& built) {
     std::vector<entry<T>> entries;
     auto object = built.begin();
-    for (const table_row& row : read_table(file)) {
+    for (const table_row& row : hardware_rows(kind)) {
         if (object == built.end()) {
-            throw std::runtime_error("not built: " + row.line());
+            throw std::runtime_error("not in src/platform/catalogue.cpp: " + row.line());
         }
         entries.push_back({row, *object++});
     }
     if (object != built.end()) {
-        throw std::runtime_error("more objects were built than there are rows in " + file);
+        throw std::runtime_error("src/platform/catalogue.cpp has more of a kind than " +
+                                 hardware_table + ": " + kind);
     }
     return entries;
 }
 
 std::vector<entry<reg_subval>> fields() {
-    return pair_up("fields.tsv", subval_garbages.m_list);
+    return pair_up("field", subval_garbages.m_list);
 }
 
 std::vector<entry<reg_info>> registers() {
-    return pair_up("registers.tsv", info_garbages.m_list);
+    return pair_up("register", info_garbages.m_list);
 }
 
 unsigned int mask_of(unsigned int high, unsigned int low) {
@@ -92,119 +93,88 @@ unsigned int mask_of(unsigned int high, unsigned int low) {
     return mask;
 }
 
-TEST(Catalogue, TablesAreComplete) {
-    EXPECT_EQ(read_table("registers.tsv").size(), 76);
-    EXPECT_EQ(read_table("fields.tsv").size(), 41);
-    EXPECT_EQ(read_table("maps.tsv").size(), 8);
-    EXPECT_EQ(read_table("properties.tsv").size(), 397);
-    EXPECT_EQ(read_table("elsewhere.tsv").size(), 5);
+// A row that is forgotten in the table and in the program is missed here alone.
+TEST(Catalogue, TotalOfTheTableIsTheNumberOfItsProperties) {
+    EXPECT_EQ(every_property().size(), hardware_rows("total").front().number("properties"))
+        << "the total in " << hardware_table;
 }
 
-TEST(Catalogue, FieldsAreBuiltInTheOrderOfTheirTableAndAreOfTheKindsInIt) {
-    std::map<std::string, unsigned int> lengths;
+TEST(Catalogue, FieldsAreThoseOfTheTable) {
     for (const auto& [row, field] : fields()) {
         SCOPED_TRACE(row.line());
-        EXPECT_EQ(row.number("position"), lengths[row["field-list"]]++);
         EXPECT_EQ(exact_kind(*field), field_kinds.at(row["kind"]));
         EXPECT_EQ(field->get_name(), row["name"]);
-    }
-}
-
-TEST(Catalogue, FieldsHaveTheBitsAndTheDescriptionsOfTheirTable) {
-    for (const auto& [row, field] : fields()) {
-        SCOPED_TRACE(row.line());
+        EXPECT_EQ(field->get_desc(), row["description"]);
         const auto& range = dynamic_cast<const reg_bitmask&>(*field);
         EXPECT_EQ(bitmask_members::mask(range), mask_of(row.number("high"), row.number("low")));
         EXPECT_EQ(bitmask_members::shift(range), static_cast<int>(row.number("low")));
-        EXPECT_EQ(field->get_desc(), row["description"]);
-    }
-}
-
-TEST(Catalogue, EveryDqLaneHasTheSelectorPartOfItsTable) {
-    std::size_t lanes = 0;
-    for (const auto& [row, field] : fields()) {
-        if (const auto* lane = dynamic_cast<const orlin::reg_bitmask_dq*>(field)) {
-            SCOPED_TRACE(row.line());
+        const auto* lane = dynamic_cast<const orlin::reg_bitmask_dq*>(field);
+        EXPECT_EQ(row["selector-part"] == "-", lane == nullptr);
+        if (lane != nullptr) {
             EXPECT_EQ(lane->m_sel, row.number("selector-part"));
-            ++lanes;
         }
     }
-    EXPECT_EQ(lanes, 17);
 }
 
-TEST(Catalogue, MappedFieldsShareOneMapPerNameAndItHoldsThePairsOfItsTable) {
+TEST(Catalogue, MappedFieldsShareOneMapPerNameAndItHoldsThePairsOfTheTable) {
     std::map<std::string, value_map> expected;
-    for (const table_row& row : read_table("maps.tsv")) {
-        expected[row["map"]][row.number("user-value")] = row.number("raw-value");
+    for (const table_row& row : hardware_rows("map")) {
+        expected[row["name"]][row.number("user-value")] = row.number("raw-value");
     }
     std::map<std::string, std::set<const value_map*>> used;
-    std::set<const value_map*> all;
     for (const auto& [row, field] : fields()) {
-        if (const auto* mapped = dynamic_cast<const reg_bitmask_map*>(field)) {
-            SCOPED_TRACE(row.line());
+        SCOPED_TRACE(row.line());
+        const auto* mapped = dynamic_cast<const reg_bitmask_map*>(field);
+        EXPECT_EQ(row["map"] == "-", mapped == nullptr);
+        if (mapped != nullptr) {
             const value_map* map = bitmask_map_members::map(*mapped);
             EXPECT_EQ(*map, expected.at(row["map"]));
             used[row["map"]].insert(map);
-            all.insert(map);
         }
     }
-    EXPECT_EQ(used["orlin::_drv_map"].size(), 1);
-    EXPECT_EQ(used["orlin::_odt_map"].size(), 1);
-    EXPECT_EQ(all.size(), 2);
+    EXPECT_EQ(used.size(), expected.size());
+    for (const auto& [name, maps] : used) {
+        EXPECT_EQ(maps.size(), 1) << name;
+    }
 }
 
-TEST(Catalogue, RegistersAreBuiltInTheOrderOfTheirTableAndAreOfTheKindsInIt) {
+TEST(Catalogue, RegistersAreThoseOfTheTable) {
     for (const auto& [row, reg] : registers()) {
         SCOPED_TRACE(row.line());
         const kinds& expected = register_kinds.at(row["kind"]);
         EXPECT_EQ(reg->m_name, row["name"]);
+        EXPECT_EQ(reg->m_addr, row.number("address"));
         EXPECT_EQ(exact_kind(*reg), expected.reg);
         for (const auto& [name, field] : reg->m_subvals) {
             EXPECT_EQ(exact_kind(*field), expected.field) << name;
         }
-    }
-}
-
-TEST(Catalogue, RegistersHaveTheAddressesAndSelectorsOfTheirTable) {
-    std::size_t selected = 0;
-    for (const auto& [row, reg] : registers()) {
-        SCOPED_TRACE(row.line());
-        EXPECT_EQ(reg->m_addr, row.number("address"));
-        if (const auto* indirect = dynamic_cast<const orlin::reg_info_orlin_ddr*>(reg)) {
+        const auto* indirect = dynamic_cast<const orlin::reg_info_orlin_ddr*>(reg);
+        EXPECT_EQ(row["selector"] == "-", indirect == nullptr);
+        if (indirect != nullptr) {
             EXPECT_EQ(indirect->m_sel_value, row.number("selector"));
             EXPECT_EQ(indirect->m_sel_addr, row.number("select-address"));
-            ++selected;
         }
     }
-    EXPECT_EQ(selected, 48);
 }
 
 // The lists of the table name the objects that were built, so this also sees to it that registers
 // share the fields of one list and that read and write lanes of the same name stay apart.
 TEST(Catalogue, RegistersHoldTheVeryFieldObjectsOfTheirList) {
     std::map<std::string, std::map<std::string, reg_subval*>> lists;
-    std::set<reg_subval*> objects;
     for (const auto& [row, field] : fields()) {
-        lists[row["field-list"]][row["name"]] = field;
-        objects.insert(field);
+        EXPECT_TRUE(lists[row["list"]].emplace(row["name"], field).second) << row.line();
     }
-    EXPECT_EQ(lists.size(), 12);
-    EXPECT_EQ(objects.size(), 41);
     for (const auto& [row, reg] : registers()) {
-        SCOPED_TRACE(row.line());
-        EXPECT_EQ(reg->m_subvals, lists.at(row["field-list"]));
+        EXPECT_EQ(reg->m_subvals, lists.at(row["fields"])) << row.line();
     }
 }
 
 TEST(Catalogue, RegisterListsHoldTheirRegistersInOrder) {
     std::map<std::string, std::vector<reg_info*>> expected;
     for (const auto& [row, reg] : registers()) {
-        SCOPED_TRACE(row.line());
-        std::vector<reg_info*>& list = expected[row["list"]];
-        EXPECT_EQ(row.number("position"), list.size());
-        list.push_back(reg);
+        expected[row["list"]].push_back(reg);
     }
-    const std::map<std::string, std::initializer_list<reg_info*>> register_lists = {
+    const std::map<std::string, std::vector<reg_info*>> register_lists = {
         {"orlin_ddr_registers", orlin_ddr_registers},
         {"pelune_ddr_registers", pelune_ddr_registers},
         {"ehci_registers", ehci_registers},
@@ -213,11 +183,7 @@ TEST(Catalogue, RegisterListsHoldTheirRegistersInOrder) {
         {"ebus_registers", ebus_registers},
         {"pcie_registers", pcie_registers},
     };
-    EXPECT_EQ(expected.size(), register_lists.size());
-    for (const auto& [name, list] : register_lists) {
-        SCOPED_TRACE(name);
-        EXPECT_THAT(std::vector<reg_info*>(list), testing::ElementsAreArray(expected[name]));
-    }
+    EXPECT_EQ(register_lists, expected);
 }
 
 } // namespace catalogue_test

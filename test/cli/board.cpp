@@ -36,10 +36,20 @@ std::string new_folder() {
     return pattern;
 }
 
-/** What to run: the file that $BRISEL_PROGRAM names, or else the one in the build folder. */
-std::string program() {
-    const char* const file = std::getenv("BRISEL_PROGRAM");
-    return file == nullptr ? "brisel" : file;
+/** Where the program is: in the folder that $BRISEL_BUILD names, or else in this build's. */
+std::string build_folder() {
+    const char* const folder = std::getenv("BRISEL_BUILD");
+    return folder == nullptr ? BRISEL_BUILD_DIR : folder;
+}
+
+bool is_emulated() {
+    return std::getenv("BRISEL_EMULATOR") != nullptr;
+}
+
+/** What a program said, without what its emulator has to say when a signal ends it. */
+std::string without_emulator(const std::string& text) {
+    const std::size_t begin = is_emulated() ? text.find("qemu: uncaught target signal") : text.npos;
+    return text.substr(0, begin);
 }
 
 } // namespace
@@ -70,7 +80,7 @@ board::board(const board_setup& setup) : m_folder(new_folder()) {
     const fs::path registers = folder / "state" / "registers";
     fs::create_directories(folder / "state" / "root" / "tmp"); // git keeps no empty folder
     std::istringstream text(contents(registers));
-    sim::register_table table = sim::register_table::parse(text, registers.string());
+    register_table table = register_table::parse(text, registers.string());
     for (const auto& [key, word] : setup.m_words) {
         if (table.find(key) == nullptr) {
             throw std::invalid_argument("a test sets a word that the board does not have");
@@ -106,20 +116,25 @@ run_result board::capture(program_start program) const {
     program.out = out;
     program.err = err;
     const int status = wait_for(start(program));
-    return {contents(folder / "out"), contents(folder / "err"), status};
+    return {contents(folder / "out"), without_emulator(contents(folder / "err")), status};
 }
 
 program_start board::launch(const std::vector<std::string>& arguments) const {
     const fs::path folder = m_folder;
     program_start program{.words = {BOARD_LAUNCHER, "-b", (folder / "state").string(), "-T",
-                                    (folder / "trace").string(), ::program()},
-                          .environment = {{"BRISEL_BUILD", BRISEL_BUILD_DIR}}};
+                                    (folder / "trace").string(), "brisel"},
+                          .environment = {{"BRISEL_BUILD", build_folder()}}};
     program.words.insert(program.words.end(), arguments.begin(), arguments.end());
     return program;
 }
 
 program_start board::launch_bare(const std::vector<std::string>& arguments,
                                  const std::string& fault) const {
+    if (is_emulated()) {
+        program_start program = launch(arguments);
+        program.environment.emplace_back("BRISEL_BOARD_FAULTS", fault);
+        return program;
+    }
     const fs::path folder = m_folder;
     program_start program{.words = {BRISEL_BUILD_DIR "/brisel"},
                           .environment = {{"BRISEL_BOARD", (folder / "state").string()},

@@ -27,7 +27,7 @@ public:
 private:
     friend class board;
 
-    std::vector<std::pair<sim::register_key, std::uint32_t>> m_words;
+    std::vector<std::pair<register_key, std::uint32_t>> m_words;
     std::vector<std::pair<std::string, std::string>> m_files;
     std::vector<std::string> m_faults;
 };
@@ -36,7 +36,7 @@ private:
 struct run_result {
     std::string out;
     std::string err;
-    int status; ///< exit status, or minus the signal that ended the process
+    int status = 0; ///< exit status, or minus the signal that ended the process
 };
 
 /** The status of a process that ended abnormally, through abort(). */
@@ -52,7 +52,7 @@ public:
 
     /**
      * Runs `brisel` with these arguments through the launcher. Standard input is empty. The
-     * environment variable BRISEL_PROGRAM may name another file, such as one for another processor.
+     * environment may name another build, and an emulator for it, as it may to the launcher.
      */
     run_result run(const std::vector<std::string>& arguments) const;
 
@@ -63,8 +63,8 @@ public:
     program_start launch(const std::vector<std::string>& arguments) const;
 
     /**
-     * The same without the launcher, which takes most of the time of a run, and with one more fault
-     * for this run. Always the `brisel` of the build folder.
+     * The same with one more fault for this run, and without the launcher, which takes most of the
+     * time of a run, unless an emulator is needed.
      */
     program_start launch_bare(const std::vector<std::string>& arguments,
                               const std::string& fault) const;

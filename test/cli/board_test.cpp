@@ -1,3 +1,5 @@
+#include "cli/board.hpp"
+
 #include <chrono>
 #include <future>
 #include <thread>
@@ -9,7 +11,6 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "cli/board.hpp"
 #include "cli/texts.hpp"
 
 using testing::Contains;

@@ -1,6 +1,4 @@
-#include <fstream>
-#include <sstream>
-
+#include "catalogue/table.hpp"
 #include "cli/cli_case.hpp"
 #include "cli/texts.hpp"
 
@@ -14,25 +12,15 @@ board_setup sda_is_3() {
 
 const std::vector<std::string> sda_is_read = {"read 0x10090110 0x00000003"};
 
-/** What -l prints, made of the proof-read table of properties. */
+/** What -l prints. */
 std::string listing() {
-    std::ifstream table(PROPERTIES_TABLE);
     std::string text, group;
-    for (std::string line; std::getline(table, line);) {
-        if (line.empty() || line.front() == '#') {
-            continue;
-        }
-        std::istringstream columns(line);
-        std::string line_group, name, kind, help;
-        std::getline(columns, line_group, '\t');
-        std::getline(columns, name, '\t');
-        std::getline(columns, kind, '\t');
-        std::getline(columns, help, '\t');
-        if (line_group != group) {
-            group = line_group;
+    for (const hardware_property& p : every_property()) {
+        if (p.group != group) {
+            group = p.group;
             text += group + " :\n";
         }
-        text += "\t" + name + " : " + help + "\n";
+        text += "\t" + p.name + " : " + p.help + "\n";
     }
     return text;
 }
@@ -66,12 +54,8 @@ const std::vector<cli_case> driver_cases = {
      .args = {sda, "-x", "5"},
      .err = unknown},
     {.name = "HexadecimalInsideAWordLooksThatWordUp", .args = {"-xl"}, .err = unknown},
-    {.name = "HexadecimalShowsHexadecimal",
-     .args = {"-x", "i2c0-delay::scl-delay"},
-     .board = board_setup().word(0x10090110, 0x000000c3),
-     .out = "0xc\n",
-     .err = got("i2c0-delay::scl-delay", "0xc"),
-     .accesses = {"read 0x10090110 0x000000c3"}},
+    reads("HexadecimalShowsHexadecimal", {"-x", "i2c0-delay::scl-delay"}, 0x10090110, 0x000000c3,
+          "0xc"),
 
     {.name = "UnknownOptionIsTakenAsTheName", .args = {"-z"}, .err = unknown},
     {.name = "UnknownOptionWithAValueIsTakenAsTheName", .args = {"-z", "5"}, .err = unknown},
@@ -81,12 +65,8 @@ const std::vector<cli_case> driver_cases = {
     {.name = "TwoHyphensBehindHexadecimalAreTakenAsTheName",
      .args = {"-x", "--", sda},
      .err = unknown},
-    {.name = "NegativeNumberBehindTheNameIsTheValue",
-     .args = {sda, "-1"},
-     .board = sda_is_3(),
-     .err = set_done(sda, "-1"),
-     .accesses = {"read 0x10090110 0x00000003", "write 0x10090110 0x00000002",
-                  "read 0x10090110 0x00000002"}},
+    writes("NegativeNumberBehindTheNameIsTheValue", {sda, "-1"}, 0x10090110, 0x00000003,
+           0x00000002),
 
     {.name = "RawReadPrintsTheValueAlone",
      .args = {"-r", sda},
@@ -116,12 +96,7 @@ const std::vector<cli_case> driver_cases = {
      .accesses = {"read 0x18428120 0x00000003"}},
     {.name = "RawReadWithoutItsArgumentIsTakenAsTheName", .args = {"-r"}, .err = unknown},
 
-    {.name = "ReadPrintsTheValueAndAStatusLine",
-     .args = {sda},
-     .board = sda_is_3(),
-     .out = "3\n",
-     .err = got(sda, "3"),
-     .accesses = sda_is_read},
+    reads("ReadPrintsTheValueAndAStatusLine", {sda}, 0x10090110, 0x00000003, "3"),
     {.name = "ReadOfAnUnknownNameEndsWithZero", .args = {"no::such"}, .err = unknown},
     {.name = "ReadOfAnEmptyNameEndsWithZero", .args = {""}, .err = unknown},
     {.name = "NamesMustMatchExactly", .args = {"i2c0-delay::sda"}, .err = unknown},
@@ -135,22 +110,14 @@ const std::vector<cli_case> driver_cases = {
      .status = 246,
      .accesses = {"read 0x18428120 0x00000003"}},
 
-    {.name = "WritePrintsAStatusLineAlone",
-     .args = {sda, "9"},
-     .board = sda_is_3(),
-     .err = set_done(sda, "9"),
-     .accesses = {"read 0x10090110 0x00000003", "write 0x10090110 0x00000009",
-                  "read 0x10090110 0x00000009"}},
+    writes("WritePrintsAStatusLineAlone", {sda, "9"}, 0x10090110, 0x00000003, 0x00000009),
     {.name = "WriteIgnoresFurtherWords",
      .args = {sda, "9", "10"},
      .board = sda_is_3(),
      .err = set_done(sda, "9"),
      .accesses = {"read 0x10090110 0x00000003", "write 0x10090110 0x00000009",
                   "read 0x10090110 0x00000009"}},
-    {.name = "RefusedWriteTouchesNoHardware",
-     .args = {sda, "16"},
-     .err = set_failed(sda, "16"),
-     .status = 245},
+    refuses("RefusedWriteTouchesNoHardware", {sda, "16"}),
     {.name = "WriteOfAnUnknownNameEndsWithZero", .args = {"no::such", "5"}, .err = unknown},
 
     {.name = "LockFileThatCannotBeOpened",

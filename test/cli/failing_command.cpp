@@ -31,14 +31,11 @@ const std::vector<failing_command> failing_commands = {
     {.name = "List", .args = {"-l"}},
 };
 
-failing_run::failing_run(const failing_command& command, const std::string& fault,
-                         const std::string& program) {
+failing_run::failing_run(const failing_command& command, const std::string& fault) {
     const board on_board;
     const auto contents = [&] { return on_board.file(command.file).value_or("missing"); };
     file_before = contents();
-    program_start start = on_board.launch_bare(command.args, fault);
-    start.words[0] = program;
-    result = on_board.capture(start);
+    result = on_board.capture(on_board.launch_bare(command.args, fault));
     trace = on_board.trace();
     accesses = on_board.accesses();
     file = contents();

@@ -12,7 +12,7 @@ struct failing_command {
     std::vector<std::string> args;
 
     /** The file of the property, for one that is kept in a file. */
-    std::string file = "";
+    std::string file = {};
 };
 
 inline void PrintTo(const failing_command& command, std::ostream* out) {
@@ -24,9 +24,8 @@ extern const std::vector<failing_command> failing_commands;
 
 /** A run of a command and what it left behind. */
 struct failing_run {
-    /** Runs the command on a board of its own with this fault, by the program in this file. */
-    failing_run(const failing_command& command, const std::string& fault,
-                const std::string& program = BRISEL_BUILD_DIR "/brisel");
+    /** Runs the command on a board of its own with this fault. */
+    failing_run(const failing_command& command, const std::string& fault);
 
     run_result result;
     std::vector<std::string> trace;

@@ -52,7 +52,6 @@ std::vector<call_event> events_of(const std::string& call, const std::vector<std
 ending ending_of(const failing_command& command, const failing_run& clean, const call_event& event,
                  const std::string& reason) {
     const std::string& line = event.line;
-    const ending no_matter = {clean.result, clean.file, false};
     if (line.starts_with("open /dev/") || line.starts_with("map ")) {
         const std::string& access = clean.accesses.at(event.accesses);
         const std::string address = access.substr(access.find(' ') + 1, 10);
@@ -68,7 +67,7 @@ ending ending_of(const failing_command& command, const failing_run& clean, const
         return stopped(clean, "Failed to lock!\n", 255);
     }
     if (line.starts_with("unlock ")) {
-        return no_matter;
+        return {clean.result, clean.file, false};
     }
     if (line == "open " + rdqs_file + " r") {
         return without_rdqs(command, clean, "open " + rdqs_file + " failed.\n");
@@ -87,6 +86,5 @@ ending ending_of(const failing_command& command, const failing_run& clean, const
         return stopped(clean, uncaught("invalid_argument", "stol"), aborted);
     }
     // A file that takes no new value is not told of.
-    const std::string file = line.starts_with("open ") ? clean.file_before : "";
-    return {clean.result, file, false};
+    return {clean.result, clean.file_before, false};
 }

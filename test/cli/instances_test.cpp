@@ -114,10 +114,9 @@ TEST(Instances, OneThatIsKilledLeavesTheLockToTheNext) {
 TEST(Instances, AHundredStepsAtOnceOnOneFieldLoseNone) {
     const board on_board(board_setup().word(0x1842813c, 0x008, 0));
     descriptor held = hold_lock(on_board, LOCK_EX);
-    std::vector<pid_t> runs;
-    for (int step = 0; step < 100; ++step) {
-        runs.push_back(
-            start_in_background(on_board, on_board.launch_bare({"orlin-ddra1::scl", "+1"}, "")));
+    std::vector<pid_t> runs(100);
+    for (pid_t& run : runs) {
+        run = start_in_background(on_board, on_board.launch_bare({"orlin-ddra1::scl", "+1"}, ""));
     }
     wait_for_lines(on_board, lock_opened, 100);
     held.close();
@@ -128,8 +127,8 @@ TEST(Instances, AHundredStepsAtOnceOnOneFieldLoseNone) {
     std::string messages;
     for (std::uint32_t value = 0; value < 100; ++value) {
         const std::string select = "write 0x1842812c 0x00000008";
-        const std::string before = "0x1842813c " + sim::hex_text(value);
-        const std::string after = "0x1842813c " + sim::hex_text(value + 1);
+        const std::string before = "0x1842813c " + hex_text(value);
+        const std::string after = "0x1842813c " + hex_text(value + 1);
         accesses.insert(accesses.end(), {select, "read " + before, select, "write " + after, select,
                                          "read " + after});
         messages += set_done("orlin-ddra1::scl", "+1");

@@ -70,11 +70,8 @@ cli_case not_a_number(const std::string& name, board_setup setup, const std::str
 }
 
 cli_case read_at(const std::string& name, const std::string& property, const std::string& path) {
-    return {.name = name,
-            .args = {property},
-            .board = board_setup().file(path + "/microvolts", "1012500\n"),
-            .out = "1012500\n",
-            .err = got(property, "1012500")};
+    return shows(name, {property}, board_setup().file(path + "/microvolts", "1012500\n"),
+                 "1012500");
 }
 
 } // namespace
@@ -87,11 +84,7 @@ const std::vector<cli_case> regulator_cases = {
             "/sys/class/regulator/regulator.3"),
     read_at("CoreRegulatorIsTheFourth", "core_regulator::microvolts",
             "/sys/class/regulator/regulator.4"),
-    {.name = "VoltageIsDecimalInHexadecimalMode",
-     .args = {"-x", cpu},
-     .board = at("1100000"),
-     .out = "1100000\n",
-     .err = got(cpu, "1100000")},
+    shows("VoltageIsDecimalInHexadecimalMode", {"-x", cpu}, at("1100000"), "1100000"),
 
     voltage_changed("VoltageIsWrittenWithoutANewline", "1000000", at("900000"), "1000000"),
     voltage_changed("VoltageIsRaisedToAWholeStep", "1005000", at("900000"), "1010000"),
@@ -176,11 +169,8 @@ const std::vector<cli_case> regulator_cases = {
      .err = set_failed(cpu, "1000000"),
      .status = 245,
      .files = {{voltage_file, "-5\n"}}},
-    {.name = "MissingRegulatorCostsNothingUntilItIsUsed",
-     .args = {"gpu_regulator::microvolts"},
-     .board = board_setup().fault("no-open " + directory),
-     .out = "950000\n",
-     .err = got("gpu_regulator::microvolts", "950000")},
+    shows("MissingRegulatorCostsNothingUntilItIsUsed", {"gpu_regulator::microvolts"},
+          board_setup().fault("no-open " + directory), "950000"),
 
     not_a_number("EmptyVoltageFileEndsTheRun", at(""), "invalid_argument"),
     not_a_number("VoltageFileWithoutANumberEndsTheRun", at("garbage"), "invalid_argument"),
@@ -191,16 +181,8 @@ const std::vector<cli_case> regulator_cases = {
                  "out_of_range"),
     not_a_number("LimitBeyondThirtyTwoBitsEndsTheRun", within("800000", "2147483648"),
                  "out_of_range"),
-    {.name = "LargestVoltageOfThirtyTwoBitsIsRead",
-     .args = {cpu},
-     .board = at("2147483647"),
-     .out = "2147483647\n",
-     .err = got(cpu, "2147483647")},
-    {.name = "TextBehindTheVoltageInTheFileIsIgnored",
-     .args = {cpu},
-     .board = at("1000000uV 5"),
-     .out = "1000000\n",
-     .err = got(cpu, "1000000")},
+    shows("LargestVoltageOfThirtyTwoBitsIsRead", {cpu}, at("2147483647"), "2147483647"),
+    shows("TextBehindTheVoltageInTheFileIsIgnored", {cpu}, at("1000000uV 5"), "1000000"),
 
     voltage_changed("NegativeUpperLimitIsKeptAsTheUnsignedNumberOfItsBits", "3000000000",
                     within("800000", "-1"), "-1294967296"),

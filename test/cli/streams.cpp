@@ -20,13 +20,15 @@ stream_ends open_pipe() {
     return {descriptor(failed == 0 ? ends[0] : -1), descriptor(failed == 0 ? ends[1] : -1)};
 }
 
-stream_ends open_terminal() {
+std::optional<stream_ends> open_terminal() {
     int master = -1;
     int slave = -1;
-    openpty(&master, &slave, nullptr, nullptr, nullptr);
+    if (openpty(&master, &slave, nullptr, nullptr, nullptr) != 0) {
+        return std::nullopt;
+    }
     fcntl(master, F_SETFD, FD_CLOEXEC);
     fcntl(slave, F_SETFD, FD_CLOEXEC);
-    return {descriptor(master), descriptor(slave)};
+    return stream_ends{descriptor(master), descriptor(slave)};
 }
 
 stream_result run_into(program_start program, stream_ends ends) {
@@ -60,8 +62,12 @@ stream_result run_into_pipe(program_start program) {
     return run_into(std::move(program), open_pipe());
 }
 
-stream_result run_in_terminal(program_start program) {
-    return run_into(std::move(program), open_terminal());
+std::optional<stream_result> run_in_terminal(program_start program) {
+    std::optional<stream_ends> terminal = open_terminal();
+    if (!terminal) {
+        return std::nullopt;
+    }
+    return run_into(std::move(program), std::move(*terminal));
 }
 
 int run_without_readers(program_start program) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,14 @@ struct stream_result {
 /** Runs the program with standard output and standard error on one pipe that keeps writes apart. */
 stream_result run_into_pipe(program_start program);
 
-/** Runs the program with standard output and standard error on one terminal. */
-stream_result run_in_terminal(program_start program);
+/**
+ * Runs the program with standard output and standard error on one terminal; nothing where this
+ * machine has no pseudo-terminal.
+ */
+std::optional<stream_result> run_in_terminal(program_start program);
+
+/** What a test says that needs one and is left out. */
+inline const char* const no_terminal = "LEFT OUT: no pseudo-terminal, so nothing ran at a terminal";
 
 /** Runs the program, its output and errors on pipes of their own, which nobody reads. */
 int run_without_readers(program_start program);

@@ -1,8 +1,9 @@
+#include "cli/streams.hpp"
+
 #include <ostream>
 
 #include <gtest/gtest.h>
 
-#include "cli/streams.hpp"
 #include "cli/texts.hpp"
 
 // What arrives where standard output and standard error lead, and in which order.
@@ -37,8 +38,7 @@ const std::vector<stream_case> rows = {
     {"WarningComesBeforeTheStatusLine",
      {sda, "+20"},
      sda_is_3(),
-     "warning! applying 20 to current value 3 is out of range (0 ~ 15). adjusted to 15\n" +
-         set_done(sda, "+20"),
+     warning("20", "3", "15", "15") + set_done(sda, "+20"),
      0},
     {"MessageOfStartUpComesBeforeTheUsage",
      {"-h"},
@@ -83,9 +83,12 @@ TEST_P(Streams, OnOnePipeGetOneWritePerLineInOrder) {
 
 TEST_P(Streams, InATerminalGetTheSameLinesInTheSameOrder) {
     const board on_board(GetParam().setup);
-    const stream_result run = run_in_terminal(on_board.launch(GetParam().args));
-    EXPECT_EQ(run.text(), in_terminal(GetParam().text));
-    EXPECT_EQ(run.status, GetParam().status);
+    const auto run = run_in_terminal(on_board.launch(GetParam().args));
+    if (!run) {
+        GTEST_SKIP() << no_terminal;
+    }
+    EXPECT_EQ(run->text(), in_terminal(GetParam().text));
+    EXPECT_EQ(run->status, GetParam().status);
 }
 
 std::string name_of(const testing::TestParamInfo<stream_case>& row) {
@@ -94,11 +97,19 @@ std::string name_of(const testing::TestParamInfo<stream_case>& row) {
 
 INSTANTIATE_TEST_SUITE_P(Where, Streams, testing::ValuesIn(rows), name_of);
 
-TEST(List, IsTheSameInAFileInAPipeAndInATerminal) {
+TEST(List, IsTheSameInAFileAndInAPipe) {
     const board on_board;
     const std::string list = on_board.run({"-l"}).out;
     EXPECT_EQ(run_into_pipe(on_board.launch({"-l"})).parts, lines_of(list));
-    EXPECT_EQ(run_in_terminal(on_board.launch({"-l"})).text(), in_terminal(list));
+}
+
+TEST(List, IsTheSameInATerminal) {
+    const board on_board;
+    const auto run = run_in_terminal(on_board.launch({"-l"}));
+    if (!run) {
+        GTEST_SKIP() << no_terminal;
+    }
+    EXPECT_EQ(run->text(), in_terminal(on_board.run({"-l"}).out));
 }
 
 } // namespace streams_test

@@ -35,6 +35,12 @@ inline std::string set_failed(const std::string& name, const std::string& value)
     return "BRISEL: set " + name + " := " + value + " failed.\n";
 }
 
+inline std::string warning(const std::string& request, const std::string& current,
+                           const std::string& max, const std::string& result) {
+    return "warning! applying " + request + " to current value " + current +
+           " is out of range (0 ~ " + max + "). adjusted to " + result + "\n";
+}
+
 inline std::string uncaught(const std::string& type, const std::string& what) {
     return "terminate called after throwing an instance of 'std::" + type +
            "'\n  what():  " + what + "\n";

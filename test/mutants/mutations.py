@@ -41,6 +41,8 @@ ROW = re.compile(r"^ +(?:new )?\w+\(.*\),$", re.MULTILINE)
 CONSTANT = re.compile(
     r"^(?:constexpr ([^=\n]*?)|field_list<(\w+)>|const ([\w:]+)) (\w+)(?:\[\])? =", re.MULTILINE
 )
+# What is set before it is read, and room to spare: a change of these cannot be seen.
+UNSEEN = re.compile(r"^ +(?!const|static|return)[\w:<>]+ \w+ = \w+;|^ +char \w+\[\d+\];", re.MULTILINE)
 ENUM = re.compile(r"enum class (\w+)[^{]*\{(.*?)\}", re.DOTALL)
 
 
@@ -224,9 +226,12 @@ def mutants_of(path, source, enumerations):
         *dropped_rows(source, tokens),
         *other_constants(source, tokens, enumerations),
     ]
+    unseen = [match.span() for match in UNSEEN.finditer(source)]
     seen = {}
     mutants = []
     for start, end, replacement in sorted(set(changes)):
+        if any(first <= start < last for first, last in unseen):
+            continue
         line_start = source.rfind("\n", 0, start) + 1
         line_end = source.index("\n", end)
         original = " ".join(source[line_start:line_end].split())

@@ -86,7 +86,7 @@ class Workshop:
     def configure(self):
         subprocess.run(
             ["cmake", "-S", self.tree, "-B", self.build_folder, "-G", "Ninja",
-             "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w", "-DBRISEL_TESTS=ON",
+             "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w", "-DBUILD_TESTING=ON",
              "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld",
              "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"],
             check=True, stdout=subprocess.DEVNULL,

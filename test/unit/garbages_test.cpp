@@ -1,5 +1,3 @@
-#include "reg/garbages.hpp"
-
 #include <cstdio>
 #include <cstdlib>
 #include <initializer_list>
@@ -10,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "reg/reg_bitmask.hpp"
+#include "reg/reg_info.hpp"
 #include "support/hardware_test.hpp"
 
 namespace garbages_test {
@@ -51,7 +50,6 @@ TEST_F(Garbages, ObjectsAreAppendedInTheOrderInWhichTheyAreBuilt) {
     ASSERT_EQ(info_garbages.m_list.size(), registers_before + 2);
     EXPECT_EQ(info_garbages.m_list.back(), register_a);
     EXPECT_EQ(*std::prev(info_garbages.m_list.end(), 2), register_b);
-    EXPECT_THAT(messages(), IsEmpty());
     EXPECT_THAT(fake_memory::log, IsEmpty());
 }
 

@@ -1,13 +1,13 @@
-#include "cli/instance_lock.hpp"
+#include "process/instance_lock.hpp"
 
 #include <cerrno>
 #include <string>
 
+#include <gtest/gtest.h>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
-
-#include <gtest/gtest.h>
 
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"

@@ -11,9 +11,10 @@
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <fcntl.h>
 
 #include "support/process_files.hpp"
 #include "support/temp_dir.hpp"
@@ -31,12 +32,13 @@ using testing::Not;
 constexpr unsigned int page = 0x1000;
 constexpr unsigned int pages = 4;
 constexpr unsigned int last_page = (pages - 1) * page;
+constexpr unsigned int all_pages = pages * page;
 
 using memory = std::vector<unsigned int>;
 
 /** Four pages in which every word holds another number. */
 memory distinct_words() {
-    memory words(pages * page / sizeof(unsigned int));
+    memory words(all_pages / sizeof(unsigned int));
     std::generate(words.begin(), words.end(), [n = 0x80000000U]() mutable { return n += 0x101; });
     return words;
 }
@@ -167,7 +169,7 @@ void note_and_grow(int) {
             seen->mappings.push_back(line);
         }
     }
-    fs::resize_file(fname, pages * page);
+    fs::resize_file(fname, all_pages);
 }
 
 class MmapAccessMoment : public MmapAccess {

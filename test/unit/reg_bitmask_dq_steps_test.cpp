@@ -1,7 +1,6 @@
-#include "platform/orlin/reg_bitmask_dq.hpp"
-
 #include <string>
 
+#include "platform/orlin/reg_bitmask_dq.hpp"
 #include "support/hardware_test.hpp"
 
 namespace reg_bitmask_dq_steps_test {
@@ -59,12 +58,12 @@ TEST_F(RegBitmaskDqSteps, EveryValueTakesEveryStepFromMinus200To200) {
             fake_memory::log.clear();
             fake_memory::words[address] = 0xdeadbe00 | value;
             reg_info reg("r", address, {field}, false);
-            const captured_stream messages(standard_error);
+            fake_streams::reset();
             const outcome expected = stepped(value, step);
 
             EXPECT_TRUE(field->adjust(&reg, step));
             EXPECT_EQ(reg.load(field), 0xdeadbe00 | bit_above | expected.value);
-            EXPECT_EQ(messages.text(), expected.warned ? warning(value, step) : "");
+            EXPECT_EQ(messages(), expected.warned ? warning(value, step) : "");
             EXPECT_THAT(fake_memory::log, ElementsAre(read(address, 0xdeadbe00 | value)));
             warnings += expected.warned ? 1 : 0;
         }

@@ -4,7 +4,7 @@
 #include <ostream>
 #include <tuple>
 
-#include "reg/garbages.hpp"
+#include "reg/reg_info.hpp"
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
@@ -14,7 +14,6 @@ namespace reg_bitmask_dq_test {
 using fake_memory::read;
 using fake_memory::words;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Optional;
 using testing::StrictMock;
 using testing::ValuesIn;
@@ -50,7 +49,6 @@ TEST_F(RegBitmaskDq, EveryWriteAlsoSetsTheBitAboveTheField) {
     EXPECT_EQ(m_register.load(m_field), 0x12345685U);
     EXPECT_TRUE(m_field->set(&m_register, 0x7f));
     EXPECT_EQ(m_register.load(m_field), 0x123456ffU);
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskDq, ReadsNeverShowTheBitAboveTheField) {
@@ -63,7 +61,6 @@ TEST_F(RegBitmaskDq, RefusesAnAbsoluteValueOfMoreThan7Bits) {
     StrictMock<mock_register> untouched; // any call on it is an error
     EXPECT_FALSE(m_field->set(&untouched, 0x80));
     EXPECT_FALSE(m_field->set(&untouched, 0xff));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskDq, TheBitAboveFollowsTheFieldsPositionAndWidth) {
@@ -76,7 +73,6 @@ TEST_F(RegBitmaskDq, TheBitAboveFollowsTheFieldsPositionAndWidth) {
     EXPECT_THAT(value_of(field, m_register), Optional(4U));
     EXPECT_TRUE(field->adjust(&m_register, -4)); // and then passes the bottom, -7
     EXPECT_THAT(value_of(field, m_register), Optional(0xfU));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 struct step_row {
@@ -178,7 +174,6 @@ TEST_F(RegBitmaskDq, AStepReadsClampsAndSetsThroughTheVirtualTable) {
     StrictMock<mock_register> untouched;
     EXPECT_FALSE(field->adjust(&untouched, 3)) << "the answer is that of set";
     EXPECT_EQ(field->sets, 1);
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskDq, AStepOfAnUnreadableFieldFailsAtOnce) {
@@ -187,7 +182,6 @@ TEST_F(RegBitmaskDq, AStepOfAnUnreadableFieldFailsAtOnce) {
     StrictMock<mock_register> untouched;
     EXPECT_FALSE(field->adjust(&untouched, 3));
     EXPECT_EQ(field->sets, 0);
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 } // namespace reg_bitmask_dq_test

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "reg/garbages.hpp"
+#include "reg/reg_info.hpp"
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
@@ -54,7 +54,6 @@ TEST_F(RegBitmaskMap, StoresTheRawCodeOfAKeyThatIsWiderThanTheField) {
     m_register.commit();
     EXPECT_THAT(fake_memory::log, ElementsAre(read(address, 0x12345678), write(address, 0x1234567b),
                                               read(address, 0x1234567b)));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMap, EveryKeyGoesInAsItsCodeAndComesBackAsItself) {
@@ -63,14 +62,12 @@ TEST_F(RegBitmaskMap, EveryKeyGoesInAsItsCodeAndComesBackAsItself) {
         EXPECT_EQ(m_register.load(m_field), 0x12345670U | raw) << key;
         EXPECT_THAT(value_of(m_field, m_register), Optional(key));
     }
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMap, ReadsTheKeyOfARawCode) {
     words[address] = 0xabcde;
     EXPECT_THAT(value_of(m_field, m_register), Optional(34U));
     EXPECT_THAT(fake_memory::log, ElementsAre(read(address, 0xabcde)));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMap, ARawCodeWithoutAnEntryCannotBeReadAndIsLeftInTheValue) {
@@ -79,7 +76,6 @@ TEST_F(RegBitmaskMap, ARawCodeWithoutAnEntryCannotBeReadAndIsLeftInTheValue) {
     EXPECT_FALSE(m_field->get(&m_register, &value));
     EXPECT_EQ(value, 3U);
     EXPECT_THAT(fake_memory::log, ElementsAre(read(address, 0xabcd3)));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMap, RefusesWhatIsNotAKeyEvenWhenItFitsTheField) {
@@ -88,7 +84,6 @@ TEST_F(RegBitmaskMap, RefusesWhatIsNotAKeyEvenWhenItFitsTheField) {
         EXPECT_FALSE(m_field->set(&untouched, value)) << value;
     }
     EXPECT_THAT(fake_memory::log, IsEmpty());
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMap, ZeroIsAKeyLikeAnyOther) {
@@ -99,7 +94,6 @@ TEST_F(RegBitmaskMap, ZeroIsAKeyLikeAnyOther) {
     EXPECT_EQ(m_register.load(field), 0xfffffff4U);
     EXPECT_TRUE(field->set(&m_register, 0));
     EXPECT_EQ(m_register.load(field), 0xfffffff0U);
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMap, OfTwoKeysForOneCodeTheSmallerIsRead) {
@@ -154,7 +148,6 @@ TEST_F(RegBitmaskMap, AnEmptyMapHasNothingToSetOrRead) {
     EXPECT_THAT(fake_memory::log, IsEmpty());
     EXPECT_FALSE(field->get(&m_register, &value));
     EXPECT_EQ(value, 8U);
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMap, TheLimitsAreThoseOfTheBitsAndNotOfTheKeys) {
@@ -174,6 +167,26 @@ TEST_F(RegBitmaskMap, AStepFromAKeyAboveTheLimitsIsClampedAndThenRefused) {
                           "adjusted to 15\n");
 }
 
+TEST_F(RegBitmaskMap, AStepDownThatStaysAboveTheLimitsIsClampedToTheLargestToo) {
+    auto* const field = low_bits(&odt_map);
+    words[address] = 0x12345674;
+    for (const auto& [step, shown] : {std::pair{-1, "-1"}, {-44, "-44"}, {0, "0"}}) {
+        fake_streams::reset();
+        EXPECT_FALSE(field->adjust(&m_register, step));
+        EXPECT_EQ(messages(), std::string("warning! applying ") + shown +
+                                  " to current value 60 is out of range (0 ~ 15). "
+                                  "adjusted to 15\n");
+    }
+    EXPECT_EQ(m_register.load(field), 0x12345674U);
+}
+
+TEST_F(RegBitmaskMap, AStepWithinTheLimitsOntoNoKeyIsRefusedSilently) {
+    auto* const field = low_bits(&odt_map);
+    words[address] = 0x12345674;
+    EXPECT_FALSE(field->adjust(&m_register, -45));
+    EXPECT_EQ(m_register.load(field), 0x12345674U);
+}
+
 TEST_F(RegBitmaskMap, AStepThatIsClampedOntoAKeySetsIt) {
     auto* const field = low_bits(&odt_map);
     words[address] = 0x12345676;
@@ -188,7 +201,6 @@ TEST_F(RegBitmaskMap, AStepOfAnUnreadableFieldFailsSilently) {
     EXPECT_FALSE(m_field->adjust(&m_register, 100));
     EXPECT_EQ(m_register.load(m_field), 0x12345673U);
     EXPECT_THAT(fake_memory::log, ElementsAre(read(address, 0x12345673)));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegBitmaskMapDeathTest, TheMapOutlivesTheFieldsThatShareIt) {

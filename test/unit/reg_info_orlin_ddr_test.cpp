@@ -2,8 +2,8 @@
 
 #include <initializer_list>
 
-#include "reg/garbages.hpp"
 #include "reg/reg_bitmask.hpp"
+#include "reg/reg_info.hpp"
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 

@@ -1,13 +1,11 @@
 #include "platform/orlin/reg_info_orlin_dq.hpp"
 
-#include <cstddef>
 #include <initializer_list>
 #include <string>
 
-#include "reg/garbages.hpp"
+#include "reg/reg_info.hpp"
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
-#include "support/heap.hpp"
 
 namespace reg_info_orlin_dq_test {
 
@@ -18,6 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Optional;
 using testing::Pair;
+using testing::UnorderedElementsAre;
 
 constexpr unsigned int sel = 0x1842812c;
 constexpr unsigned int data = 0x18428194;
@@ -50,14 +49,26 @@ TEST_F(RegInfoOrlinDq, IsAlwaysOwnedAndTouchesNoHardwareWhenBuilt) {
     EXPECT_THAT(fake_memory::log, IsEmpty());
 }
 
-TEST_F(RegInfoOrlinDq, HasAWordAndFlagsForEveryLaneFromTheBeginning) {
-    words[sel] = 0;
-    fake_memory::log.reserve(10);
-    const std::size_t before = heap::live();
-    EXPECT_TRUE(m_dq3->set(m_register, 5));
-    EXPECT_THAT(value_of(m_dq1, *m_register), Optional(0x46U));
-    m_register->commit();
-    EXPECT_EQ(heap::live(), before); // and no entry is made later
+/** A subclass sees what is kept for each lane. */
+class register_with_lanes : public orlin::reg_info_orlin_dq {
+public:
+    using reg_info_orlin_dq::m_dq_dirty;
+    using reg_info_orlin_dq::m_dq_loaded;
+    using reg_info_orlin_dq::m_dq_values;
+    using reg_info_orlin_dq::reg_info_orlin_dq;
+};
+
+TEST_F(RegInfoOrlinDq, KeepsAWordAndTwoFlagsForEveryLaneFromTheBeginning) {
+    auto* const reg = new register_with_lanes("r", 7, sel, data, {m_dq3, m_dq1});
+    EXPECT_THAT(reg->m_dq_values, UnorderedElementsAre(Pair(m_dq1, 0U), Pair(m_dq3, 0U)));
+    EXPECT_THAT(reg->m_dq_loaded, UnorderedElementsAre(Pair(m_dq1, false), Pair(m_dq3, false)));
+    EXPECT_THAT(reg->m_dq_dirty, UnorderedElementsAre(Pair(m_dq1, false), Pair(m_dq3, false)));
+    EXPECT_TRUE(m_dq3->set(reg, 5));
+    EXPECT_THAT(value_of(m_dq1, *reg), Optional(0x46U));
+    EXPECT_THAT(reg->m_dq_values,
+                UnorderedElementsAre(Pair(m_dq1, 0x12345646U), Pair(m_dq3, 0x12345685U)));
+    EXPECT_THAT(reg->m_dq_loaded, UnorderedElementsAre(Pair(m_dq1, true), Pair(m_dq3, true)));
+    EXPECT_THAT(reg->m_dq_dirty, UnorderedElementsAre(Pair(m_dq1, false), Pair(m_dq3, true)));
 }
 
 TEST_F(RegInfoOrlinDq, RegistersWithTheSameLanesKeepWordsOfTheirOwn) {
@@ -85,7 +96,6 @@ TEST_F(RegInfoOrlinDq, ReadingALaneSelectsItAndReadsItOnce) {
     words[data] = 0;
     EXPECT_THAT(value_of(m_dq3, *m_register), Optional(0x46U));
     EXPECT_THAT(fake_memory::log, ElementsAre(write(sel, 0x307), read(data, 0x12345646)));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegInfoOrlinDq, TheSelectorIsMadeOfTheLanesPartAndTheRegistersPart) {
@@ -126,7 +136,6 @@ TEST_F(RegInfoOrlinDq, WritingAnUnreadLaneReadsItThenCommitsWithTheBitAbove) {
     m_register->commit();
     EXPECT_THAT(fake_memory::log, ElementsAre(write(sel, 0x307), write(data, 0x12345685),
                                               write(sel, 7), read(data, 0x12345685)));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegInfoOrlinDq, CommitWritesStoredLanesInNameOrderAndAgainEveryTime) {
@@ -160,7 +169,6 @@ TEST_F(RegInfoOrlinDq, ARefusedValueLeavesNothingToCommit) {
     EXPECT_FALSE(m_dq3->set(m_register, 0x80));
     m_register->commit();
     EXPECT_THAT(fake_memory::log, IsEmpty());
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegInfoOrlinDq, WhatACommitReadsBackIsNotKept) {
@@ -182,7 +190,6 @@ TEST_F(RegInfoOrlinDq, AStepThenACommitWritesTheMovedDelay) {
     EXPECT_THAT(fake_memory::log,
                 ElementsAre(write(sel, 0x307), read(data, 0x12345646), write(sel, 0x307),
                             write(data, 0x123456c9), write(sel, 7), read(data, 0x123456c9)));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegInfoOrlinDq, AWordStoredForAnUnreadLaneIsReplacedByItsFirstLoad) {

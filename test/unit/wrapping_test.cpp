@@ -1,4 +1,4 @@
-#include "reg/wrapping.hpp"
+#include "base/wrapping.hpp"
 
 #include <cstdint>
 #include <limits>

@@ -11,8 +11,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <string>
+
+#include <fcntl.h>
 #include <sys/mman.h>
 
 // The emulator's plugin interface, version 1. Debian packages no header for it.

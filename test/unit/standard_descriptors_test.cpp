@@ -1,6 +1,6 @@
 // The three standard descriptors, whatever of them the caller has closed.
 
-#include "cli/standard_streams.hpp"
+#include "process/standard_descriptors.hpp"
 
 #include <cstdlib>
 
@@ -37,7 +37,7 @@ bool is_null_device(int descriptor) {
             close(stream);
         }
     }
-    occupy_closed_standard_streams();
+    open_closed_standard_descriptors();
     bool good = !is_open(other);
     for (int stream = 0; stream < 3; ++stream) {
         good = good && is_null_device(stream) == ((closed >> stream & 1) != 0);
