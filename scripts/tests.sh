@@ -19,7 +19,13 @@ if [ -z "${TMPDIR:-}" ] && has_room /dev/shm; then
     tests_folder=/dev/shm
 fi
 
-# run_ctest ARGUMENT...: two tests at a time for each processor, since many of them wait.
+# left_out BUILD: what tests of the last run in this folder have left out, and why.
+left_out() {
+    grep -ho 'LEFT OUT: .*' "$1/Testing/Temporary/LastTest.log" | sort -u || true
+}
+
+# run_ctest --preset PRESET ARGUMENT...: two tests at a time for each processor, since many of them wait.
 run_ctest() {
-    TMPDIR=$tests_folder ctest -j $((2 * $(nproc))) "$@"
+    TMPDIR=$tests_folder ctest -j $((2 * $(nproc))) "$@" || return
+    left_out "build-$2"
 }
