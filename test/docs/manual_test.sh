@@ -4,7 +4,6 @@
 #   manual_test.sh PAGE VERSION SOURCE_FOLDER
 set -eu
 
-command -v mandoc >/dev/null || { echo 'needs mandoc'; exit 1; }
 mandoc -T lint -W warning "$1"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -22,7 +21,7 @@ has() {
 has "brisel $2"
 
 # Every piece of text of the sources that has two words is in the manual, but for the catalogue's.
-grep -h '"' "$3"/src/cli/*.cpp "$3"/src/property/*.cpp "$3"/src/reg/*.cpp | grep -v '#include\|no help' |
+find "$3/src" -name '*.cpp' ! -name catalogue.cpp -exec grep -h '"' {} + | grep -v '#include\|no help' |
     grep -o '"[^"]*"' | sed 's/"//g; s/\\[nt]//g; s/%[0-9a-z]*/\n/g' |
     grep '[a-z!] .*[a-z:]' | grep -v '^-[hilx] \|^brisel \[\|no desc' | sort -u >"$work/messages"
 while IFS=$(printf '\n') read -r message; do
@@ -30,7 +29,8 @@ while IFS=$(printf '\n') read -r message; do
 done <"$work/messages"
 
 # The files outside of /dev that it reads and writes, by their own names.
-sed -n '/^#/!p' "$3/test/catalogue/elsewhere.tsv" | cut -f 3 >"$work/files"
+awk '$1 ~ /^(regulator|file)$/ && $2 != "list" { print $4 }' "$3/test/catalogue/hardware.tsv" >"$work/files"
+[ -s "$work/messages" ] && [ -s "$work/files" ]
 while read -r file; do
     has "${file##*/}"
 done <"$work/files"

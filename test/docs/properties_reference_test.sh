@@ -11,5 +11,5 @@ status=0
 diff -u "$2/docs/properties.md" "$work/properties.md" || status=1
 diff -u "$2/completion/properties.tsv" "$work/properties.tsv" || status=1
 [ "$status" -eq 0 ] ||
-    echo 'out of date: cmake --build BUILD_FOLDER --target properties_reference'
+    echo 'docs/properties.md or completion/properties.tsv is out of date: cmake --build build-check --target properties_reference'
 exit "$status"
