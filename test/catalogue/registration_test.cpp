@@ -4,7 +4,6 @@
 #include <iterator>
 #include <map>
 #include <memory>
-#include <ostream>
 #include <string>
 #include <typeinfo>
 #include <vector>
@@ -66,14 +65,6 @@ std::vector<hardware_property> registered_properties() {
         }
     }
     return all;
-}
-
-void PrintTo(const std::vector<hardware_property>& list, std::ostream* out) {
-    for (const hardware_property& p : list) {
-        *out << "\n"
-             << p.group << " " << p.name << " " << p.kind << " " << p.help << " "
-             << testing::PrintToString(p.members);
-    }
 }
 
 /** Those of the one list that the other lacks. */

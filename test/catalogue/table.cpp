@@ -94,6 +94,13 @@ std::vector<register_field> every_register_field() {
     return found;
 }
 
+void PrintTo(const hardware_property& p, std::ostream* out) {
+    *out << p.group << " : " << p.name << " (" << p.kind << ") : " << p.help;
+    for (const std::string& member : p.members) {
+        *out << " " << member;
+    }
+}
+
 std::vector<hardware_property> every_property() {
     std::vector<hardware_property> all;
     const std::vector<table_row> fields = hardware_rows("field");

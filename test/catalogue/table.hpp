@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -63,6 +64,7 @@ struct hardware_property {
 
     bool operator==(const hardware_property&) const = default;
 };
+void PrintTo(const hardware_property& p, std::ostream* out); ///< for a test's message
 
 /** Every property, in the order in which the tool lists them. */
 std::vector<hardware_property> every_property();
