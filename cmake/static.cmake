@@ -8,8 +8,8 @@ unset(CMAKE_POSITION_INDEPENDENT_CODE)
 add_compile_options(-fno-pie)
 add_link_options(-static)
 
-# The program is optimised as a whole, so its libraries may be compiled as wholes, in half of the time. It
-# calls what it brings along without a detour.
+# The program is optimised as a whole, so its libraries may be compiled as wholes, in half of the time.
+# -fno-plt: direct calls.
 foreach(setting CMAKE_INTERPROCEDURAL_OPTIMIZATION CMAKE_UNITY_BUILD)
     if(NOT DEFINED ${setting})
         set(${setting} ON)

@@ -8,8 +8,8 @@
 #include "reg/reg_bitmask_map.hpp"
 
 /*
- * Ways to what the catalogue handed to its objects and they keep to themselves. A subclass may
- * name a protected member as a member of its base, and so reach it in every object of the base;
+ * Read access to protected members of the catalogue's objects, for tests and generators. A subclass
+ * may name a protected member as a member of its base, and so reach it in every object of the base;
  * these subclasses are never built.
  */
 

@@ -71,7 +71,7 @@ private:
     std::uint32_t number(std::string_view word, const char* what) const {
         const std::optional<std::uint32_t> value = parse_number(word);
         if (!value) {
-            refuse(no_number(word, what));
+            refuse(not_a_number(word, what));
         }
         return *value;
     }

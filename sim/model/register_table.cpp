@@ -13,7 +13,7 @@ namespace {
 std::uint32_t number_in(std::string_view word, const char* column, const std::string& where) {
     const std::optional<std::uint32_t> number = parse_number(word);
     if (!number) {
-        throw input_error(where, no_number(word, column));
+        throw input_error(where, not_a_number(word, column));
     }
     return *number;
 }

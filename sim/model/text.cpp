@@ -40,7 +40,7 @@ std::optional<std::uint32_t> parse_number(std::string_view word) {
     return number;
 }
 
-std::string no_number(std::string_view word, std::string_view what) {
+std::string not_a_number(std::string_view word, std::string_view what) {
     return word.empty() ? std::string("the ").append(what).append(" is missing")
                         : quoted(word).append(" is no ").append(what);
 }

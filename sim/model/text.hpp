@@ -34,7 +34,7 @@ std::string quoted(std::string_view text);
 std::optional<std::uint32_t> parse_number(std::string_view word);
 
 /** Says that `word` should have been the number of a `what` and is none, or is not there. */
-std::string no_number(std::string_view word, std::string_view what);
+std::string not_a_number(std::string_view word, std::string_view what);
 
 /** Length of what `put_hex` writes. */
 constexpr std::size_t hex_length = 10;

@@ -12,8 +12,8 @@
  * fake in its place.
  *
  * When the node cannot be opened or the page cannot be mapped, one line on standard error names
- * the node, the address and the reason, and the process ends through abort(): a value is never
- * invented, and a write is never taken for done.
+ * the node, the address and the reason, and the process ends through abort(): the tool never
+ * makes up a value or assumes that a write succeeded.
  */
 
 static_assert(sizeof(unsigned int) == 4, "a register word is 32 bits wide");

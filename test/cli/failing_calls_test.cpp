@@ -88,7 +88,7 @@ TEST_P(FailingCalls, EndInOrderOrStopTheRunWithNoAccessTooMany) {
             const std::string reason = run.failed_line.substr(event.line.size() + 9);
             const ending expected = is_tried_again(kind().call, error)
                                         ? ending{clean.result, clean.file, false}
-                                        : ending_of(command(), clean, event, reason);
+                                        : expected_ending(command(), clean, event, reason);
             expect_ending(run, expected, expected.stops ? event.accesses : clean.accesses.size());
             if (HasFailure()) {
                 return; // one is enough to look at

@@ -49,8 +49,8 @@ std::vector<call_event> events_of(const std::string& call, const std::vector<std
     return events;
 }
 
-ending ending_of(const failing_command& command, const failing_run& clean, const call_event& event,
-                 const std::string& reason) {
+ending expected_ending(const failing_command& command, const failing_run& clean,
+                       const call_event& event, const std::string& reason) {
     const std::string& line = event.line;
     if (line.starts_with("open /dev/") || line.starts_with("map ")) {
         const std::string& access = clean.accesses.at(event.accesses);

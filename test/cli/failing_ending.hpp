@@ -25,5 +25,5 @@ struct ending {
  * What the run comes to if the call of this event fails for the reason, and is not tried again.
  * `clean` is the same command without a failure.
  */
-ending ending_of(const failing_command& command, const failing_run& clean, const call_event& event,
-                 const std::string& reason);
+ending expected_ending(const failing_command& command, const failing_run& clean,
+                       const call_event& event, const std::string& reason);

@@ -34,6 +34,8 @@ compinit -u -d $work/compdump
 bindkey -e
 unset zle_bracketed_paste
 END
+mkdir -p $work/.config/fish/completions
+ln -s $prefix/share/fish/vendor_completions.d/brisel.fish $work/.config/fish/completions/
 
 # Sets offered to what the terminal shows when the line $1 and a tab are typed, and the shell then
 # echoes the line, after a mark that no shell expands: a path would have digits of its own.
@@ -52,7 +54,7 @@ type_in() {
 }
 
 ask_fish() {
-    offered=$($launcher -T $work/trace env PATH=$prefix/bin:$PATH XDG_DATA_DIRS=$prefix/share:/usr/share \
+    offered=$($launcher -T $work/trace env PATH=$prefix/bin:$PATH \
         fish -c "complete -C ${(qq)1}" 2>&1)
 }
 
