@@ -69,11 +69,6 @@ class Mutant:
     original: str
     mutated: str
 
-    @property
-    def key(self):
-        """Finds the change again after the lines around it have moved."""
-        return (self.path, self.original, self.mutated)
-
     def __str__(self):
         return f"{self.path}:{self.line}: {self.original}  ->  {self.mutated}"
 
@@ -227,7 +222,6 @@ def mutants_of(path, source, enumerations):
         *other_constants(source, tokens, enumerations),
     ]
     unseen = [match.span() for match in UNSEEN.finditer(source)]
-    seen = {}
     mutants = []
     for start, end, replacement in sorted(set(changes)):
         if any(first <= start < last for first, last in unseen):
@@ -237,9 +231,6 @@ def mutants_of(path, source, enumerations):
         original = " ".join(source[line_start:line_end].split())
         changed = source[line_start:start] + replacement + source[end:line_end]
         mutated = " ".join(changed.split())
-        count = seen[original, mutated] = seen.get((original, mutated), 0) + 1
-        if count > 1:
-            mutated += f" #{count}"  # the same line again
         line = source.count("\n", 0, start) + 1
         mutants.append(Mutant(path, start, end, replacement, line, original, mutated))
     return mutants

@@ -19,7 +19,6 @@ from pathlib import Path
 import mutations
 
 PROJECT = Path(__file__).resolve().parent.parent.parent
-EQUIVALENT = Path(__file__).resolve().parent / "equivalent.tsv"
 GOAL = 97  # percent
 
 TABLE_ROWS = "*/CommandLine.*"  # of the command-line table, in cli_test
@@ -159,42 +158,33 @@ def all_mutants(tree):
     return found
 
 
-def read_equivalent():
-    rows = [line.split("\t") for line in EQUIVALENT.read_text().splitlines()[1:]]
-    return {tuple(row[:3]): row[3] for row in rows}
-
-
 def arguments():
     parser = argparse.ArgumentParser(prog="scripts/mutants")
     parser.add_argument("-n", dest="count", type=int)
-    parser.add_argument("-s", dest="seed", type=int, default=1)
-    parser.add_argument("-e", dest="equivalent", action="store_true")
-    parser.add_argument("-d", dest="folder", type=Path, default=PROJECT / "build-mutants")
     parser.add_argument("files", nargs="*", metavar="FILE")
     return parser.parse_args()
 
 
-def chosen(mutants, equivalent, options):
+def chosen(mutants, options):
     """The mutants that this run is to judge."""
-    mutants = [m for m in mutants if (m.key in equivalent) == options.equivalent]
     if options.files:
         mutants = [m for m in mutants if any(part in m.path for part in options.files)]
     if options.count is not None and options.count < len(mutants):
-        drawn = random.Random(options.seed).sample(range(len(mutants)), options.count)
+        drawn = random.Random(1).sample(range(len(mutants)), options.count)
         mutants = [mutants[i] for i in sorted(drawn)]
     return mutants
 
 
-def judge_all(workshop, mutants, unexpected):
-    """Counts the results, and prints every mutant with a result that is unexpected."""
+def judge_all(workshop, mutants):
+    """Counts the results, and prints every mutant that survives."""
     began = time.monotonic()
     results = collections.Counter()
     fast_tests_of = collections.defaultdict(lambda: list(workshop.fast_tests))
     for number, mutant in enumerate(mutants, 1):
         result = workshop.judge(mutant, fast_tests_of[mutant.path])
         results[result] += 1
-        if result == unexpected:
-            print(f"{result}: {mutant}", flush=True)
+        if result == "survived":
+            print(f"survived: {mutant}", flush=True)
         if number % 50 == 0:
             minutes = (time.monotonic() - began) / 60
             print(f"{number} of {len(mutants)} in {minutes:.0f} minutes", flush=True)
@@ -204,30 +194,18 @@ def judge_all(workshop, mutants, unexpected):
 def main():
     options = arguments()
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-    workshop = Workshop(options.folder.resolve())
-    mutants = all_mutants(workshop.tree)
-    equivalent = read_equivalent()
-    stale = sorted(set(equivalent) - {mutant.key for mutant in mutants})
-    mutants = chosen(mutants, equivalent, options)
+    workshop = Workshop(PROJECT / "build-mutants")
+    mutants = chosen(all_mutants(workshop.tree), options)
 
     print("building the tests and running them on the sources as they are", flush=True)
     workshop.configure()
     workshop.prove_tests()
-    results = judge_all(workshop, mutants, "killed" if options.equivalent else "survived")
+    results = judge_all(workshop, mutants)
 
-    for key in stale:
-        print("listed as equivalent, but there is no such change:", *key, sep="\n    ")
     killed, counted = results["killed"], results["killed"] + results["survived"]
     percent = 100 * killed / counted if counted else 0
-    print(f"{killed} of {counted} killed, {percent:.1f} %")
-    print(f"not counted: {results['unbuilt']} that do not compile", end="")
-    if options.equivalent:
-        print()
-        good = killed == 0
-    else:
-        print(f", {len(equivalent)} listed as equivalent")
-        good = percent >= GOAL
-    sys.exit(0 if good and not stale else 1)
+    print(f"{killed} of {counted} killed, {percent:.1f} %; {results['unbuilt']} do not compile")
+    sys.exit(0 if percent >= GOAL else 1)
 
 
 if __name__ == "__main__":
