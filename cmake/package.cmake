@@ -16,8 +16,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS bash-completion)
 if(CMAKE_CROSSCOMPILING)
-    # dpkg-shlibdeps knows no packages for the cross compiler's libraries, which are Debian 12's.
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.36), libgcc-s1 (>= 12), libstdc++6 (>= 12)")
+    # dpkg-shlibdeps knows no package for the cross compiler's C library, which is Debian 12's.
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.36)")
 else()
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 endif()
@@ -35,5 +35,5 @@ set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/debian/complete.cmak
 set(CPACK_BRISEL_SOURCE_DIR ${PROJECT_SOURCE_DIR})
 set(CPACK_BRISEL_STRIP ${CMAKE_STRIP})
 
-set(CPACK_SYSTEM_NAME ${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_SYSTEM_NAME ${CMAKE_SYSTEM_NAME}-${CPACK_DEBIAN_PACKAGE_ARCHITECTURE})
 include(CPack)

@@ -15,7 +15,9 @@ clean() {
 }
 trap clean EXIT
 
-debootstrap --variant=minbase bookworm "$root" http://deb.debian.org/debian >"$root.log" 2>&1 || {
+# From where this machine's own packages come.
+mirror=$(apt-get indextargets --format '$(SITE)' 'Created-By: Packages' | head -n 1)
+debootstrap --variant=minbase bookworm "$root" "$mirror" >"$root.log" 2>&1 || {
     tail "$root.log"
     exit 1
 }

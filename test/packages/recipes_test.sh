@@ -43,8 +43,7 @@ openembedded_options=$(sed -n 's/^EXTRA_OECMAKE = "\(.*\)"/\1/p' "$recipe")
 cat >"$work/wanted" <<'END'
 ./usr/bin/brisel
 ./usr/share/bash-completion/completions/brisel
-./usr/share/brisel/candidates
-./usr/share/brisel/values
+./usr/share/brisel/properties.tsv
 ./usr/share/doc/brisel/CHANGELOG.md
 ./usr/share/doc/brisel/properties.md
 ./usr/share/fish/vendor_completions.d/brisel.fish

@@ -9,7 +9,7 @@ trap 'rm -rf "$work"' EXIT
 tar xzf "$1" -C "$work"
 folder=$work/$(basename "$1" .tar.gz)
 
-for file in bin/brisel share/man/man1/brisel.1 share/brisel/candidates share/brisel/values \
+for file in bin/brisel share/man/man1/brisel.1 share/brisel/properties.tsv \
     share/bash-completion/completions/brisel share/zsh/site-functions/_brisel \
     share/fish/vendor_completions.d/brisel.fish share/doc/brisel/properties.md; do
     [ -s "$folder/$file" ] || { echo "no $file" >&2; exit 1; }
@@ -19,7 +19,7 @@ if file "$folder/bin/brisel" | grep -q 'dynamically linked'; then
     exit 1
 fi
 case $1 in
-*-x86_64.*)
+*-amd64.*)
     status=0
     "$folder/bin/brisel" -h >/dev/null 2>&1 || status=$?
     [ "$status" -eq 254 ]

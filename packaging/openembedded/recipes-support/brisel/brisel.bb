@@ -17,6 +17,7 @@ PV = "${@brisel_version(d)}"
 
 inherit cmake externalsrc bash-completion
 
-EXTRA_OECMAKE = "-DBRISEL_BOARD=OFF"
+# The C++ library that every program of the image shares; a static one is in no image's toolchain by default.
+EXTRA_OECMAKE = "-DBRISEL_BOARD=OFF -DBRISEL_STATIC_RUNTIME=OFF"
 
 FILES:${PN} += "${datadir}/zsh ${datadir}/fish"
