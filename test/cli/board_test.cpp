@@ -1,21 +1,11 @@
 #include "cli/board.hpp"
 
-#include <chrono>
-#include <future>
-#include <thread>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include "cli/texts.hpp"
 
-using testing::Contains;
 using testing::ElementsAre;
-using testing::StartsWith;
 
 namespace board_test {
 
@@ -110,51 +100,12 @@ TEST(Run, LockFileIsNeverWritten) {
     EXPECT_EQ(on_board.file("/tmp/brisel.lock"), "left alone");
 }
 
-TEST(Run, WaitsWhileAnotherProcessHoldsTheLock) {
-    const board on_board(board_setup().word(0x10090110, 0x3).file("/tmp/brisel.lock", ""));
-    const int held = open(on_board.path("/tmp/brisel.lock").c_str(), O_RDWR | O_CLOEXEC);
-    ASSERT_EQ(flock(held, LOCK_EX), 0);
-
-    auto run = std::async(std::launch::async, [&] { return on_board.run({sda}); });
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (!testing::Value(on_board.trace(), Contains("open /tmp/brisel.lock rw"))) {
-        ASSERT_LT(std::chrono::steady_clock::now(), deadline);
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    EXPECT_EQ(run.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
-    EXPECT_THAT(on_board.trace(), testing::Not(Contains(StartsWith("lock "))));
-    EXPECT_THAT(on_board.accesses(), testing::IsEmpty());
-
-    ASSERT_EQ(flock(held, LOCK_UN), 0);
-    EXPECT_EQ(run.get().out, "3\n");
-    close(held);
-}
-
-TEST(Board, KeepsItsStateFromRunToRun) {
-    const board on_board;
-    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4", "99"}).status, 0);
-    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4"}).out, "99\n");
-    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4", "+1"}).status, 0);
-    EXPECT_EQ(on_board.run({"orlin-ddrb-write5::dq4"}).out, "100\n");
-}
-
 TEST(Board, IsNotChangedByAnotherBoard) {
     const board first(board_setup().word(0x10090110, 0x3));
     const board second(board_setup().word(0x10090110, 0x4));
     EXPECT_EQ(first.run({sda, "9"}).status, 0);
     EXPECT_EQ(first.run({sda}).out, "9\n");
     EXPECT_EQ(second.run({sda}).out, "4\n");
-}
-
-TEST(Regulator, PercentagesCompoundFromRunToRun) {
-    const board on_board;
-    const std::string path = "/sys/class/regulator/regulator.1/microvolts";
-    const std::string cpu = "cpu_regulator::microvolts";
-    ASSERT_EQ(on_board.file(path), "1000000\n");
-    on_board.run({cpu, "95%"});
-    EXPECT_EQ(on_board.file(path), "950000");
-    on_board.run({cpu, "95%"});
-    EXPECT_EQ(on_board.file(path), "910000");
 }
 
 TEST(DqSet, EveryLaneOfEveryRegisterKeepsAWordOfItsOwn) {

@@ -15,18 +15,12 @@ board_setup at(const std::string& voltage) {
         .file(directory + "/max_microvolts", "1300000\n");
 }
 
-board_setup within(const std::string& min, const std::string& max) {
-    return at("1000000")
-        .file(directory + "/min_microvolts", min + "\n")
-        .file(directory + "/max_microvolts", max + "\n");
-}
-
-cli_case voltage_changed(const std::string& name, const std::string& value, board_setup setup,
-                         const std::string& after) {
+cli_case voltage_changed(const std::string& name, const std::vector<std::string>& args,
+                         board_setup setup, const std::string& after) {
     return {.name = name,
-            .args = {cpu, value},
+            .args = args,
             .board = std::move(setup),
-            .err = set_done(cpu, value),
+            .err = set_done(cpu, args.back()),
             .files = {{voltage_file, after}}};
 }
 
@@ -61,10 +55,11 @@ cli_case unreadable(const std::string& name, board_setup setup) {
             .status = 246};
 }
 
-cli_case not_a_number(const std::string& name, board_setup setup, const std::string& type) {
+cli_case not_a_number(const std::string& name, const std::string& voltage,
+                      const std::string& type) {
     return {.name = name,
             .args = {cpu},
-            .board = std::move(setup),
+            .board = at(voltage),
             .err = uncaught(type, "stol"),
             .status = aborted};
 }
@@ -86,112 +81,33 @@ const std::vector<cli_case> regulator_cases = {
             "/sys/class/regulator/regulator.4"),
     shows("VoltageIsDecimalInHexadecimalMode", {"-x", cpu}, at("1100000"), "1100000"),
 
-    voltage_changed("VoltageIsWrittenWithoutANewline", "1000000", at("900000"), "1000000"),
-    voltage_changed("VoltageIsRaisedToAWholeStep", "1005000", at("900000"), "1010000"),
-    voltage_changed("OneMicrovoltIsRaisedToAWholeStep", "1000001", at("900000"), "1010000"),
-    voltage_changed("FractionOfAMicrovoltIsRaisedToAWholeStep", "1000000.5", at("900000"),
-                    "1010000"),
-    voltage_changed("VoltageMayHaveAnExponent", "1.25e6", at("900000"), "1250000"),
-    voltage_changed("VoltageIsReadAsStodReadsHexadecimal", "0xf4240", at("900000"), "1000000"),
-    voltage_changed("TextBehindTheVoltageIsIgnored", "1000000uV", at("900000"), "1000000"),
-    voltage_changed("SignIsPartOfTheVoltageAndNoStep", "+1000000", at("900000"), "1000000"),
-    voltage_changed("LowestVoltageIsAccepted", "800000", at("900000"), "800000"),
-    voltage_changed("HighestVoltageIsAccepted", "1300000", at("900000"), "1300000"),
-
-    {.name = "HexadecimalModeStillReadsDecimal",
-     .args = {"-x", cpu, "1200000"},
-     .board = at("900000"),
-     .err = set_done(cpu, "1200000"),
-     .files = {{voltage_file, "1200000"}}},
-
-    voltage_changed("NinetyFivePercent", "95%", at("1000000"), "950000"),
-    voltage_changed("NinetyThreePercentIsTheLeast", "93%", at("1000000"), "930000"),
-    voltage_changed("HundredAndSevenPercentIsExact", "107%", at("1000000"), "1070000"),
-    voltage_changed("PercentageIsOfThePresentVoltage", "95%", at("950000"), "910000"),
-    voltage_changed("FractionOfAPercentIsRaisedToAWholeStep", "100.1%", at("1000000"), "1010000"),
+    voltage_changed("VoltageIsWrittenWithoutANewline", {cpu, "1000000"}, at("900000"), "1000000"),
+    voltage_changed("HexadecimalModeStillReadsDecimal", {"-x", cpu, "1200000"}, at("900000"),
+                    "1200000"),
+    voltage_changed("NinetyFivePercent", {cpu, "95%"}, at("1000000"), "950000"),
+    voltage_changed("PercentageIsOfThePresentVoltage", {cpu, "95%"}, at("950000"), "910000"),
+    voltage_changed("SignIsPartOfTheVoltageAndNoStep", {cpu, "+1000000"}, at("900000"), "1000000"),
 
     voltage_refused("NinetyTwoPercentIsOutOfRange", "92%", "percentage 92%: out of range"),
-    voltage_refused("PercentageIsShownWithoutTrailingZeros", "107.50%",
-                    "percentage 107.5%: out of range"),
-    voltage_refused("PercentageIsShownWithSixDigits", "92.123456789%",
-                    "percentage 92.1235%: out of range"),
-    voltage_refused("LargePercentageIsShownWithAnExponent", "12345678%",
-                    "percentage 1.23457e+07%: out of range"),
-    voltage_refused("NegativePercentageIsOutOfRange", "-5%", "percentage -5%: out of range"),
-    voltage_refused("InfinitePercentageIsOutOfRange", "inf%", "percentage inf%: out of range"),
-    voltage_refused("PercentageThatIsNoNumberBecomesZero", "nan%",
-                    "0mv: out of range(800000-1300000)"),
     voltage_refused("VoltageAboveTheLimits", "2000000", "2000000mv: out of range(800000-1300000)"),
-    voltage_refused("VoltageBelowTheLimits", "790000", "790000mv: out of range(800000-1300000)"),
-    voltage_refused("VoltageRaisedAboveTheLimits", "1300001",
-                    "1310000mv: out of range(800000-1300000)"),
     voltage_refused("NegativeVoltageBecomesZero", "-1000000", "0mv: out of range(800000-1300000)"),
-    voltage_refused("VoltageBeyondThirtyTwoBitsSaturates", "1e12",
-                    "4294967295mv: out of range(800000-1300000)"),
-    voltage_refused("InfiniteVoltageSaturates", "inf",
-                    "4294967295mv: out of range(800000-1300000)"),
-    voltage_refused("VoltageThatIsNoNumberBecomesZero", "nan", "0mv: out of range(800000-1300000)"),
 
-    voltage_ended("PercentSignAloneIsAVoltageWithoutANumber", "%", "invalid_argument"),
     voltage_ended("LettersAreNoVoltage", "abc", "invalid_argument"),
-    voltage_ended("LettersAreNoPercentage", "abc%", "invalid_argument"),
     voltage_ended("EmptyTextIsNoVoltage", "", "invalid_argument"),
     voltage_ended("VoltageBeyondADoubleEndsTheRun", "1e999", "out_of_range"),
-    voltage_ended("PercentageBeyondADoubleEndsTheRun", "1e999%", "out_of_range"),
 
     unreadable("MissingRegulatorCannotBeRead", at("1000000").fault("no-open " + directory)),
-    unreadable("MissingVoltageCannotBeRead", at("1000000").fault("no-open " + voltage_file)),
-    unreadable("MissingLowerLimitCannotBeRead",
-               at("1000000").fault("no-open " + directory + "/min_microvolts")),
-    unreadable("MissingUpperLimitCannotBeRead",
-               at("1000000").fault("no-open " + directory + "/max_microvolts")),
     unreadable("NegativeVoltageCannotBeRead", at("-5")),
-    {.name = "RegulatorWithoutALowerLimitCannotBeSet",
-     .args = {cpu, "1000000"},
-     .board = at("1000000").fault("no-open " + directory + "/min_microvolts"),
-     .err = set_failed(cpu, "1000000"),
-     .status = 245,
-     .files = {{voltage_file, "1000000\n"}}},
-    {.name = "RegulatorWithAnUpperLimitThatIsNoNumberEndsASet",
-     .args = {cpu, "1000000"},
-     .board = within("800000", "garbage"),
-     .err = uncaught("invalid_argument", "stol"),
-     .status = aborted,
-     .files = {{voltage_file, "1000000\n"}}},
     {.name = "MissingRegulatorCannotBeSet",
      .args = {cpu, "1000000"},
      .board = at("1000000").fault("no-open " + directory),
      .err = set_failed(cpu, "1000000"),
      .status = 245},
-    {.name = "NegativeVoltageCannotBeSet",
-     .args = {cpu, "1000000"},
-     .board = at("-5"),
-     .err = set_failed(cpu, "1000000"),
-     .status = 245,
-     .files = {{voltage_file, "-5\n"}}},
     shows("MissingRegulatorCostsNothingUntilItIsUsed", {"gpu_regulator::microvolts"},
           board_setup().fault("no-open " + directory), "950000"),
 
-    not_a_number("EmptyVoltageFileEndsTheRun", at(""), "invalid_argument"),
-    not_a_number("VoltageFileWithoutANumberEndsTheRun", at("garbage"), "invalid_argument"),
-    not_a_number("LimitWithoutANumberEndsTheRun", within("garbage", "1300000"), "invalid_argument"),
-    not_a_number("VoltageFileBeyondThirtyTwoBitsEndsTheRun", at("2147483648"), "out_of_range"),
-    not_a_number("VoltageFileFarBelowThirtyTwoBitsEndsTheRun", at("-2147483649"), "out_of_range"),
-    not_a_number("VoltageFileBeyondSixtyFourBitsEndsTheRun", at("99999999999999999999"),
-                 "out_of_range"),
-    not_a_number("LimitBeyondThirtyTwoBitsEndsTheRun", within("800000", "2147483648"),
-                 "out_of_range"),
-    shows("LargestVoltageOfThirtyTwoBitsIsRead", {cpu}, at("2147483647"), "2147483647"),
-    shows("TextBehindTheVoltageInTheFileIsIgnored", {cpu}, at("1000000uV 5"), "1000000"),
-
-    voltage_changed("NegativeUpperLimitIsKeptAsTheUnsignedNumberOfItsBits", "3000000000",
-                    within("800000", "-1"), "-1294967296"),
-    {.name = "NegativeLowerLimitIsKeptAsTheUnsignedNumberOfItsBits",
-     .args = {cpu, "1000000"},
-     .board = within("-1", "1300000"),
-     .err = "1000000mv: out of range(4294967295-1300000)\n" + set_failed(cpu, "1000000"),
-     .status = 245,
-     .files = {{voltage_file, "1000000\n"}}},
+    not_a_number("VoltageFileWithoutANumberEndsTheRun", "garbage", "invalid_argument"),
+    not_a_number("VoltageFileBeyondThirtyTwoBitsEndsTheRun", "2147483648", "out_of_range"),
 
     {.name = "VoltageFileThatIsNotWritableIsNotNoticed",
      .args = {cpu, "1100000"},
