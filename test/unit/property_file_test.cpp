@@ -163,14 +163,6 @@ TEST_F(PropertyFile, IsDecimalInHexadecimalModeToo) {
     EXPECT_EQ(text_of(m_path), "10");
 }
 
-TEST_F(PropertyFile, RangeWarningShowsTheValueTheTextAndTheLimit) {
-    write_text(m_path, "40");
-    property_file<int> p("p", m_path, 2, 255);
-    p.warn_about_range("300", 255);
-    EXPECT_EQ(messages(), "apply current value 40 to 300is limited to 255\n");
-    EXPECT_EQ(shown(p), "40");
-}
-
 TEST_F(PropertyFile, EveryMessageIsOneWrite) {
     fake_streams::reset();
     property_file<int> p("p", m_path, 2, 255);
