@@ -1,5 +1,5 @@
 # shellcheck shell=sh
-# The one list of what the work takes beside git: packages of Debian 12. To be sourced.
+# The only list of what the work needs besides git: packages of Debian 12. To be sourced.
 
 # packages_for WORK: those for one kind of work.
 packages_for() {

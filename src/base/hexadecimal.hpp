@@ -4,6 +4,6 @@
 
 /**
  * "0x" and the number in lower-case hexadecimal digits.
- * @param digits how many digits there are at least; zeros go in front
+ * @param digits the minimum number of digits; shorter numbers get leading zeros
  */
 std::string hexadecimal(unsigned int number, int digits = 1);

@@ -9,18 +9,18 @@ enum class standard_stream { output, error };
 /**
  * Writes a text to one of the C library's streams, and flushes it.
  *
- * The one way to both streams, in a source file of its own: another program, such as a test, may
- * link its own function in the place of this one.
- * @return false when a part of the text could not be written
+ * The only way to either stream, in a source file of its own: another program, such as a test, may
+ * link its own function in place of this one.
+ * @return false when part of the text could not be written
  */
 bool write_standard_stream(standard_stream stream, std::string_view text);
 
 /**
  * A standard stream, for texts and whole lines, each flushed at once.
  *
- * In place of std::ostream, whose locale would cost every run 48,000 instructions, and the static
- * program 590 KB. The C++ streams are synchronised with those of the C library, so what a program
- * says through both comes in its order.
+ * Used instead of std::ostream, whose locale would cost every run 48,000 instructions, and the
+ * static program 590 KB. The C++ streams are synchronised with those of the C library, so output
+ * through both stays in order.
  */
 class output_stream {
 public:
@@ -32,7 +32,7 @@ public:
     /** Writes a NUL-terminated text; a null pointer sets the bad bit. */
     void print(const char* text);
 
-    /** Writes a line, with a newline behind it. */
+    /** Writes a line and a newline after it. */
     void print_line(std::string line);
 
     /** True once something could not be written; nothing has been written since. */
@@ -45,7 +45,6 @@ private:
     bool m_bad = false;
 };
 
-// Constant-initialised, so that objects that are built before main may have something to report,
-// too.
+// Constant-initialised, so that objects that are built before main can report something, too.
 inline constinit output_stream standard_output(standard_stream::output);
 inline constinit output_stream standard_error(standard_stream::error);

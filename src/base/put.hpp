@@ -3,8 +3,8 @@
 #include <iterator>
 
 /**
- * `map[key]`, with a value for a key that is new. The key is looked for right before `place`, which
- * is then the place behind it.
+ * `map[key]`, with a value for a new key. The key is looked for right before `place`, which is then
+ * moved to just after it.
  *
  * Most names come in ascending order: each of these takes two comparisons and no search, which
  * makes a run a sixth cheaper.
@@ -16,7 +16,7 @@ typename Map::mapped_type& put(Map& map, typename Map::iterator& place,
         place = map.end();
     }
     const auto entry = map.emplace_hint(place, key, value);
-    const bool in_order = std::prev(place) == entry; // cheaper to see than what is behind
+    const bool in_order = std::prev(place) == entry; // cheaper to check than what comes after
     if (!in_order) {
         place = std::next(entry);
     }

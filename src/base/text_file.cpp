@@ -12,7 +12,7 @@
 
 namespace {
 
-/** A file that is open, or could not be opened, for as long as the object lives. */
+/** A file that is open for as long as the object lives, unless it could not be opened. */
 class open_file {
 public:
     open_file(const std::string& path, int flags) : m_fd(open(path.c_str(), flags, 0666)) {}
@@ -26,7 +26,7 @@ public:
 
     bool is_open() const { return m_fd >= 0; }
 
-    /** What comes next, up to the buffer's size; nothing at the end, and after an error. */
+    /** What comes next, up to the buffer's size; empty at the end and after an error. */
     std::string_view read_next(std::span<char> buffer) const {
         const ssize_t size = tried_again([&] { return read(m_fd, buffer.data(), buffer.size()); });
         return {buffer.data(), static_cast<std::size_t>(std::max(size, ssize_t{0}))};
@@ -44,7 +44,7 @@ public:
     }
 
 private:
-    /** The result of a transfer, which is made again as often as a signal interrupts it. */
+    /** The result of a transfer, which is repeated as often as a signal interrupts it. */
     template <class Transfer>
     static ssize_t tried_again(const Transfer& transfer) {
         for (;;) {

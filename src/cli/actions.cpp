@@ -53,7 +53,7 @@ exit_status read_property(const std::string& name) {
     const bool done = found->get(value);
     standard_output.print_line(value);
     if (!done) {
-        // No blank before "failed.": the line has always looked so, and scripts match it.
+        // No blank before "failed.": the line has always looked like this, and scripts match it.
         report_status("get " + name + "failed.");
         return exit_status::read_failed;
     }

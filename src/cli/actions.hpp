@@ -6,7 +6,7 @@
 
 /*
  * The actions of the tool. Values and listings go to standard output, everything else to standard
- * error; every line is written when it ends, in one piece.
+ * error; every line is written in one piece, as soon as it ends.
  */
 
 /** Writes a NUL-terminated text to standard output; a null pointer sets the stream's bad bit. */
@@ -30,5 +30,5 @@ exit_status read_property(const std::string& name);
  */
 exit_status write_property(const std::string& name, const std::string& value);
 
-/** Prints a property's value and nothing else. Never fails: whatever is wrong is a message. */
+/** Prints a property's value and nothing else. Never fails: a problem only causes a message. */
 exit_status raw_read_property(const std::string& name);

@@ -13,7 +13,7 @@
 
 namespace {
 
-/** Reads or writes the property that the words from `optind` on name; further words are ignored. */
+/** Reads or writes the property named at `optind`; words after a value are ignored. */
 exit_status access_operand(int argc, char* argv[]) {
     if (argc - optind < 1) {
         standard_output.print_line(".." + std::to_string(optind));
@@ -45,7 +45,7 @@ exit_status act(int argc, char* argv[]) {
     case 'x':
         property::m_number_mode = 1;
         break;
-    default: // no option, or none that is known: the first word is the property's name
+    default: // no option, or an unknown one: the first word is the property's name
         optind = 1;
         break;
     }

@@ -12,7 +12,7 @@
 #include "reg/reg_info.hpp"
 
 /*
- * Everything here is built in the order in which it stands. The headers of the ownership lists
+ * Everything here is built in the order in which it is written. The headers of the ownership lists
  * and of the registries come first, so those exist before the first field and outlive the last.
  */
 

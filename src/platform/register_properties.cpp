@@ -19,7 +19,7 @@ namespace {
 
 using names = std::span<const std::string_view>;
 
-// Registers whose DQ lanes are also shown as one set, without the chip's prefix.
+// Names, without the chip's prefix, of registers whose DQ lanes are also shown as one set.
 constexpr std::string_view orlin_ddra_read[] = {"ddra-read0", "ddra-read1", "ddra-read2",
                                                 "ddra-read3"};
 constexpr std::string_view orlin_ddra_write[] = {"ddra-write0", "ddra-write1", "ddra-write2",
@@ -54,7 +54,7 @@ void register_all(const char* group_name, std::initializer_list<property*> prope
 /** One set per register: prefix + register + "::" + suffix, over its lanes in their order. */
 void register_property_sets(const std::string& group_name, const std::string& prefix,
                             names registers, const std::string& suffix, names lanes) {
-    std::string name; // of one property after the other, in the same place
+    std::string name; // reused for one property after another
     for (const std::string_view reg : registers) {
         const std::size_t stem = name.assign(prefix).append(reg).append("::").size();
         std::vector<std::string> members;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* lock_path = "/tmp/brisel.lock";
 
-constexpr int no_file = -1; // as open says it
+constexpr int no_file = -1; // what open returns on failure
 
 int lock_fd = no_file;
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /**
- * The lock that lets one instance of the tool work at a time: an exclusive advisory lock on
+ * The lock that lets only one instance of the tool run at a time: an exclusive advisory lock on
  * "/tmp/brisel.lock". The file is created when missing, and never written or removed.
  */
 

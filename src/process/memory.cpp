@@ -2,12 +2,11 @@
  * The memory of a short run: operator new and operator delete, for a process that builds some four
  * thousand small objects, does one thing and ends.
  *
- * With the C library's allocator, taking and giving back those objects is half the cost of a run.
+ * With the C library's allocator, allocating and freeing those objects is half the cost of a run.
  * Here blocks are cut from a chunk, from its end downwards, so that aligning one is a single AND. A
- * block that is given back is not used again. Memory that runs out raises bad_alloc. For one
- * thread.
+ * freed block is not used again. Running out of memory raises bad_alloc. For one thread only.
  *
- * The address sanitizer sees only blocks of its own operators, so it gets those.
+ * The address sanitizer only sees blocks from its own operators, so its builds use those.
  */
 
 #if defined(__has_feature)
@@ -31,14 +30,14 @@ namespace {
 constexpr std::size_t alignment = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
 /**
- * What is taken from the kernel at once: some four times what a run needs, since of this the kernel
- * gives only the pages that are touched.
+ * How much is taken from the kernel at once: about four times what a run needs, since the kernel
+ * provides only the pages that are touched.
  */
 constexpr std::size_t chunk_size = 1 << 20;
 
 // Constant-initialised: the first blocks are cut before any constructor of the program runs.
 constinit std::byte* chunk = nullptr;
-/** The bytes at the chunk's beginning that are left. */
+/** The number of bytes left at the chunk's beginning. */
 constinit std::size_t left = 0;
 
 /** @param size at most `left`, and not 0: every block has an address of its own */
@@ -47,7 +46,7 @@ std::byte* cut(std::size_t size) {
     return chunk + left;
 }
 
-/** Kept out of operator new, whose usual way is then a dozen instructions. */
+/** Kept out of operator new, whose usual path then takes a dozen instructions. */
 [[gnu::noinline]] std::byte* cut_from_new_chunk(std::size_t size) {
     const std::size_t new_size = std::max(size, chunk_size);
     void* new_chunk =

@@ -3,7 +3,7 @@
 /**
  * Opens /dev/null on every standard descriptor that is closed.
  *
- * Otherwise the next file that is opened takes its number, and what the tool has to say would be
- * written into it: into the lock file, or into physical memory.
+ * Otherwise the next file to be opened would take its number, and the tool's output would be
+ * written into that file: the lock file, or physical memory.
  */
 void open_closed_standard_descriptors();

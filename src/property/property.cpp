@@ -21,12 +21,12 @@ property* property::get_property(const std::string& name) {
 }
 
 property* property::register_property(property_group* group, property* p) {
-    static auto place = properties.end(); // behind the one registered last
+    static auto place = properties.end(); // after the one registered last
     property*& entry = put(properties, place, p->name, nullptr);
     if (entry != nullptr) {
         return nullptr;
     }
-    group->add_property(p); // if that throws, the entry is left with null, and p to its caller
+    group->add_property(p); // if that throws, the entry stays null and the caller keeps p
     entry = p;
     return p;
 }

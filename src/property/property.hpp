@@ -25,7 +25,7 @@ public:
 
     /**
      * Parses a value text and applies it.
-     * @return true when the value was accepted; false changes nothing, unless a kind says so
+     * @return true when the value was accepted; on false nothing changed, unless a kind says so
      * @throw std::invalid_argument, std::out_of_range from the number conversions of some kinds
      */
     virtual bool set(const std::string& value) = 0;
@@ -57,12 +57,12 @@ public:
     /** The same by the group's name; the group is created when absent, even if null is returned. */
     static property* register_property(const std::string& group_name, property* p);
 
-    /** Calls every property's `on_unregister`, in ascending order of the names, and forgets all. */
+    /** Calls `on_unregister` of every property, in ascending order of names; forgets them all. */
     static void free_all();
 
     /**
      * The registry: byte-wise ascending names. Filled through `register_property`, and emptied by
-     * `free_all` alone. An entry that holds null is no property.
+     * `free_all` alone. An entry that holds null is not a property.
      */
     static std::map<std::string, property*> properties;
 

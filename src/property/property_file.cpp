@@ -13,7 +13,7 @@
 
 namespace {
 
-/** The decimal number at the start of a text, 0 where there is none; the nearest that T has. */
+/** The decimal number at the start of a text, limited to T's range; 0 when there is none. */
 template <class T>
 T extract(const std::string& text) {
     using limits = std::numeric_limits<T>;

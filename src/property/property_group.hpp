@@ -19,7 +19,7 @@ public:
     virtual ~property_group() = default;
 
     /**
-     * Puts a property into this group under its own name, in place of a member of that name.
+     * Puts a property into this group under its own name, replacing any member of that name.
      * The property registry is not touched.
      * @return the property
      */
@@ -37,18 +37,18 @@ public:
     /** A copy of the registry; the groups in it are the live ones. */
     static std::map<std::string, property_group*> get_groups();
 
-    /** Deletes every group, not its members, and forgets all. */
+    /** Deletes every group, but not its members, and forgets them all. */
     static void free_all();
 
     /** The registry: byte-wise ascending names; an entry may hold null. */
     static std::map<std::string, property_group*> property_groups;
 
     const std::string name;
-    /** The members; filled through `add_property`, and never one by one taken out. */
+    /** The members; added through `add_property`, and never removed one by one. */
     std::map<std::string, property*> m_properties;
 
 private:
-    /** Behind the member added last. */
+    /** After the member added last. */
     std::map<std::string, property*>::iterator m_place = m_properties.end();
 };
 

@@ -36,7 +36,7 @@ property_register::property_register(const std::string& property_name, reg_info*
     : property(property_name), m_reg(reg), m_subval(subval) {}
 
 void property_register::register_as_property(property_group* group, reg_info* reg) {
-    std::string full_name; // of one property after the other, in the same place
+    std::string full_name; // reused for one property after another
     full_name.reserve(2 * reg->m_name.size());
     const std::size_t stem = full_name.append(reg->m_name).append("::").size();
     for (const auto& [field_name, field] : reg->m_subvals) {
@@ -55,7 +55,7 @@ bool property_register::set(const std::string& value) {
         return false;
     }
     const bool relative = value.front() == '+' || value.front() == '-';
-    // A prefix behind a sign is not looked for: in decimal mode "+0x10" is a step of 0.
+    // A prefix after a sign is not looked for: in decimal mode "+0x10" is a step of 0.
     const bool base_16 = hexadecimal_mode() || (!relative && has_hexadecimal_prefix(value));
     long long number = 0;
     try {

@@ -22,7 +22,7 @@ std::uint32_t whole_steps(double microvolts) {
     constexpr std::uint32_t most = std::numeric_limits<std::uint32_t>::max();
     constexpr std::uint32_t most_steps = most / voltage_step;
     const double steps = microvolts / voltage_step;
-    if (!(steps > 0)) { // not-a-number, too
+    if (!(steps > 0)) { // also for not-a-number
         return 0;
     }
     if (steps > most_steps) {
@@ -41,7 +41,7 @@ std::int32_t to_int32(const std::string& word) {
     return static_cast<std::int32_t>(number);
 }
 
-/** At most six significant digits, and no zeros behind them. */
+/** At most six significant digits, and no trailing zeros. */
 std::string format_general(double number) {
     char text[16]; // -1.23457e+308
     std::snprintf(text, sizeof text, "%g", number);
@@ -67,7 +67,7 @@ bool property_regulator_voltage::set(const std::string& value) {
             standard_error.print_line("percentage " + format_general(percent) + "%: out of range");
             return false;
         }
-        // Multiplied first: divided first, 103.75% of 800000 would come out above 830000.
+        // Multiply first: if divided first, 103.75% of 800000 would come out above 830000.
         target = m_base_uv * percent / 100;
     } else {
         target = std::stod(value);

@@ -9,13 +9,13 @@
 /**
  * An ordered list of other properties, shown and set as one value: "{10,12,9}".
  *
- * The set holds the members' names alone and looks them up at every use.
+ * The set holds only the members' names, and looks them up at every use.
  */
 class property_set : public property {
 public:
     /**
-     * @param members registry names, in the order of the values; duplicates are kept. Not this
-     * set's own name, nor one that leads back to it: nothing would end the look-up.
+     * @param members registry names, in the order of the values; duplicates are kept. Neither
+     * this set's own name nor one that leads back to it: the look-up would never end.
      */
     property_set(const std::string& property_name, std::vector<std::string> members);
 
@@ -28,7 +28,7 @@ public:
     /**
      * Sets the members, in order. A braced list holds one value per member, not trimmed; any
      * other text goes to every member as it is. The first member that is missing or refuses its
-     * value ends the work: "set failed" on standard error, members before it keep their new
+     * value ends this: "set failed" on standard error, and members before it keep their new
      * values. A braced list of the wrong length is reported, and no member is touched.
      * @throw what a member's `set` throws; members already written stay written
      */

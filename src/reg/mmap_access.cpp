@@ -42,7 +42,7 @@ private:
                     static_cast<off_t>(page_base));
     }
 
-    /** The one check: passes the result of a call on, or ends the process when the call failed. */
+    /** The only check: passes on the result of a call, or ends the process when the call failed. */
     template <class T>
     static T checked(T result, T failure, const char* action, unsigned int address) {
         if (result == failure) {

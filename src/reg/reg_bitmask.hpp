@@ -5,7 +5,7 @@
 #include "reg/reg_subval.hpp"
 
 /**
- * A field that is a contiguous range of bits of the register word, shown as it stands.
+ * A field that is a contiguous range of bits of the register word, shown as it is.
  *
  * Legal values are 0 to the range's mask. Two hooks, `_before_set` and `_after_read`, let a
  * subclass translate between user values and raw field codes.

@@ -6,11 +6,11 @@
 #include "reg/reg_bitmask.hpp"
 
 /**
- * A bit range whose raw codes stand for other numbers, such as ohms, by a table.
+ * A bit range whose raw codes stand for other numbers, such as ohms, given by a table.
  *
  * Only the table's keys can be set; a raw code that no key maps to cannot be read. When several
  * keys map to one code, reading gives the smallest. The limits stay those of the raw bit range,
- * so a step is clamped against raw codes first and then refused unless it hit a key.
+ * so a step is clamped against raw codes first and then refused unless it hits a key.
  */
 class reg_bitmask_map : public reg_bitmask {
 public:
@@ -21,7 +21,7 @@ public:
     reg_bitmask_map(int msb, int lsb, const std::string& name, const std::string& desc,
                     const value_map* map);
 
-    /** True when the value is a key of the table; the width of the field does not count. */
+    /** True when the value is a key of the table; the width of the field does not matter. */
     bool check_subval(unsigned int value) override;
     bool _before_set(unsigned int& value) override;
     bool _after_read(unsigned int& value) override;

@@ -2,7 +2,7 @@
 
 #include "reg/reg_bitmask.hpp"
 
-/** A bit range that the hardware reports and nobody writes. */
+/** A bit range that the hardware reports and that cannot be written. */
 class reg_bitmask_ro : public reg_bitmask {
 public:
     using reg_bitmask::reg_bitmask;

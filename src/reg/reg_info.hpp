@@ -13,8 +13,8 @@
 /**
  * One 32-bit hardware register at a physical address, with a cached word and named fields.
  *
- * The first `load` reads the hardware, later ones return the cache. `store` changes the cache
- * alone. `commit` writes the cache to the hardware and reads the register back, so that the
+ * The first `load` reads the hardware, later ones return the cache. `store` changes only
+ * the cache. `commit` writes the cache to the hardware and reads the register back, so that the
  * cache holds what the hardware kept. None of them can fail: an access that is impossible ends
  * the process (see reg/mmap_access.hpp).
  */
@@ -43,7 +43,7 @@ public:
 
     /**
      * The register's word, read from the hardware at the first call only.
-     * @param field the field that asks; register kinds with one word per field tell by it
+     * @param field the field that asks; it tells register kinds with one word per field
      *              which word is meant
      */
     virtual unsigned int load(reg_subval* field);
@@ -61,7 +61,7 @@ public:
     const unsigned int m_addr;
 
 protected:
-    /** The cached word: no meaning before the first read. Every access is sequentially
+    /** The cached word: meaningless before the first read. Every access is sequentially
      *  consistent, so that it is never moved across a hardware access. */
     std::atomic<unsigned int> m_value{};
 

@@ -12,7 +12,7 @@ class reg_info;
  * A field describes where in a word its value lies and what may be put there; it holds no value
  * of its own and is shared by every register that lists it. It never touches the hardware: it
  * reads and changes the register's cached word through `reg_info::load` and `reg_info::store`,
- * and its caller makes a change real with `reg_info::commit`.
+ * and its caller puts a change into effect with `reg_info::commit`.
  *
  * User values are unsigned 32-bit; steps and intermediate sums are signed 64-bit and wrap.
  */
@@ -38,7 +38,7 @@ public:
 
     /**
      * Reads the field's user value from the register's cached word.
-     * @return false when the word holds no legal user value; `*value` is then not one either
+     * @return false when the word holds no legal user value; `*value` is then not legal either
      */
     virtual bool get(reg_info* reg, unsigned int* value) = 0;
 
@@ -74,6 +74,6 @@ protected:
  * Owns every field that was built with the garbage flag.
  *
  * An inline variable, so that whatever is built by a source file that includes this header is built
- * after it, and destroyed before it, in whatever order the objects are linked.
+ * after it, and destroyed before it, whatever the link order.
  */
 inline regctl_garbages<reg_subval*> subval_garbages;

@@ -10,12 +10,12 @@
 namespace orlin {
 
 /**
- * The lanes of a DQ register that was not used yet. Registers with the same lanes begin as copies
+ * The lanes of a DQ register that has not been used. Registers with the same lanes begin as copies
  * of this: copying a map takes a third of the time of filling one, and DQ registers hold most of
  * the fields of a chip.
  */
 struct dq_lanes {
-    /** @param fields not owned; implicit, since a list of lanes is what a register asks for */
+    /** @param fields not owned; implicit, so that a plain list of fields can be passed as lanes */
     dq_lanes(std::initializer_list<reg_bitmask_dq*> fields) {
         auto place = m_by_name.end();
         for (reg_bitmask_dq* field : fields) {

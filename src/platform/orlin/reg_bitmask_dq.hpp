@@ -9,8 +9,8 @@ namespace orlin {
 /**
  * The delay of one DQ lane: sign and magnitude in one bit range.
  *
- * The range's highest bit is the sign. With half the value of that bit (0x40 in the 7-bit delay
- * of the PHY), a value v >= half is the delay +(v - half), a smaller one the delay -v; 0 and half
+ * The range's highest bit is the sign. Let half be the value of that bit (0x40 in the 7-bit delay
+ * of the PHY): a value v >= half is the delay +(v - half), a smaller one the delay -v; 0 and half
  * both mean no delay. Every write also sets the bit just above the range (bit 7), which a read
  * never shows.
  */

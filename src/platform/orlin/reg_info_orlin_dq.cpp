@@ -13,7 +13,7 @@ reg_info_orlin_dq::reg_info_orlin_dq(std::string name, unsigned int sel_value,
                          std::initializer_list<reg_bitmask_dq*>{}),
       m_dq_values(lanes.m_words), m_dq_loaded(lanes.m_flags), m_dq_dirty(lanes.m_flags) {
     m_subvals = lanes.m_by_name;
-    m_loaded = true; // the read path of the single word never runs for this kind
+    m_loaded = true; // the single-word read path never runs for this kind
 }
 
 void reg_info_orlin_dq::commit() {

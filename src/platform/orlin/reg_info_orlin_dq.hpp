@@ -30,8 +30,8 @@ public:
     void commit() override;
 
     /**
-     * The field's word; its first call selects the field and reads it from the hardware.
-     * @return 0xffffffff, without an access, for a field that is null or no `reg_bitmask_dq`
+     * The field's word; the first call for a field selects it and reads it from the hardware.
+     * @return 0xffffffff, without an access, for a field that is null or not a `reg_bitmask_dq`
      */
     unsigned int load(reg_subval* field) override;
 
