@@ -206,7 +206,7 @@ def other_constants(source, tokens, enumerations):
 
 def enumerations_of(source):
     return {
-        name: re.findall(r"^\s*(\w+)", re.sub(r"//.*", "", body), re.MULTILINE)
+        name: re.findall(r"(\w+)(?:\s*=[^,]*)?\s*(?:,|$)", re.sub(r"//.*", "", body))
         for name, body in ENUM.findall(source)
     }
 
