@@ -59,20 +59,29 @@ struct entry {
     T* object;
 };
 
+std::string name_of(reg_subval& field) {
+    return field.get_name();
+}
+
+std::string name_of(const reg_info& reg) {
+    return reg.m_name;
+}
+
 /** Pairs the rows of a kind with the objects of an ownership list, both in building order. */
 template <class T>
 std::vector<entry<T>> pair_up(const std::string& kind, const std::list<T*>& built) {
     std::vector<entry<T>> entries;
     auto object = built.begin();
     for (const table_row& row : hardware_rows(kind)) {
-        if (object == built.end()) {
-            throw std::runtime_error("not in src/platform/catalogue.cpp: " + row.line());
+        if (object == built.end() || name_of(**object) != row["name"]) {
+            throw std::runtime_error("not there in src/platform/catalogue.cpp, or not in " +
+                                     hardware_table + " what is: " + row.line());
         }
         entries.push_back({row, *object++});
     }
     if (object != built.end()) {
-        throw std::runtime_error("src/platform/catalogue.cpp has more of a kind than " +
-                                 hardware_table + ": " + kind);
+        throw std::runtime_error("not in " + hardware_table + ": " + kind + " " +
+                                 name_of(**object));
     }
     return entries;
 }

@@ -16,7 +16,7 @@ clean() {
 trap clean EXIT
 
 # From where this machine's own packages come.
-mirror=$(apt-get indextargets --format '$(SITE)' 'Created-By: Packages' | head -n 1)
+mirror=$(apt-get indextargets --format "\$(SITE)" 'Created-By: Packages' | head -n 1)
 debootstrap --variant=minbase bookworm "$root" "$mirror" >"$root.log" 2>&1 || {
     tail "$root.log"
     exit 1

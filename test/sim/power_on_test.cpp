@@ -36,7 +36,8 @@ register_table registers() {
 /** Where a property lies on the board; the test fails if no line says so. */
 register_bits bits_of(const register_table& table, const std::string& property) {
     const std::optional<register_bits> bits = table.find_property(property);
-    EXPECT_TRUE(bits) << "sim/power-on/registers says nothing of " << property;
+    EXPECT_TRUE(bits) << "sim/power-on/registers has no word, or no line of fields, for "
+                      << property;
     return bits.value_or(register_bits{});
 }
 
@@ -53,6 +54,7 @@ TEST(PowerOn, EveryFieldOfTheHardwareIsInItsPlace) {
         if (HasFailure()) {
             continue; // the rest only repeats it
         }
+        SCOPED_TRACE("sim/power-on/registers and test/catalogue/hardware.tsv");
         EXPECT_EQ(bits.place.address, each.reg.number("address"));
         EXPECT_EQ(bits.place.selector, each.selector());
         EXPECT_EQ(bits.high, each.field.number("high"));
