@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr const char* lock_path = "/tmp/brisel.lock";
-
 constexpr int no_file = -1; // what open returns on failure
 
 int lock_fd = no_file;
@@ -18,9 +16,9 @@ int lock_fd = no_file;
 } // namespace
 
 bool take_instance_lock() {
-    lock_fd = open(lock_path, O_RDWR | O_CREAT, 0666);
+    lock_fd = open(instance_lock_path, O_RDWR | O_CREAT, 0666);
     if (lock_fd == no_file) {
-        standard_error.print_line(std::string("Failed to open ") + lock_path);
+        standard_error.print_line(std::string("Failed to open ") + instance_lock_path);
     }
     if (lock_fd == no_file || flock(lock_fd, LOCK_EX) != 0) {
         standard_error.print_line("Failed to lock!");

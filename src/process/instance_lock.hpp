@@ -1,5 +1,8 @@
 #pragma once
 
+/** Path of the lock file, "/tmp/brisel.lock". */
+inline constexpr const char* instance_lock_path = "/tmp/brisel.lock";
+
 /**
  * The lock that lets only one instance of the tool run at a time: an exclusive advisory lock on
  * "/tmp/brisel.lock". The file is created when missing, and never written or removed.

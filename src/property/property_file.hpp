@@ -51,6 +51,10 @@ public:
     /** Reports, on standard error, that a requested value was limited. */
     virtual void warn_about_range(const std::string& requested, T limit);
 
+    const std::string& path() const { return m_path; }
+    T min() const { return m_min; }
+    T max() const { return m_max; }
+
 protected:
     const std::string m_path;
     /** The cached value; meaningful while `m_valid` is true. */

@@ -44,6 +44,11 @@ public:
     /** Turns a raw code into the user value, in place. False: the code has no user value. */
     virtual bool _after_read(unsigned int& value);
 
+    /** 2 to the power of the width, minus 1: the largest raw code. */
+    unsigned int mask() const { return m_mask; }
+    /** Number of the lowest bit. */
+    int shift() const { return m_shift; }
+
 protected:
     /** 2 to the power of the width, minus 1: not yet shifted. */
     unsigned int m_mask = 0;

@@ -26,6 +26,8 @@ public:
     bool _before_set(unsigned int& value) override;
     bool _after_read(unsigned int& value) override;
 
+    const value_map& map() const { return *m_map; }
+
 protected:
     const value_map* m_map;
 };

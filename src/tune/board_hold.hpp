@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "tune/hardware.hpp"
+#include "tune/lock.hpp"
+
+/** Holds the lock for as long as it lives, for work on these knobs. */
+class board_hold {
+public:
+    /** @throw mistake when there is no lock or no memory device node */
+    board_hold(const std::vector<const knob*>& for_these, std::optional<double> wait_seconds) {
+        check_node(for_these);
+        take_lock(wait_seconds);
+    }
+    ~board_hold() { release_lock(); }
+    board_hold(const board_hold&) = delete;
+    board_hold& operator=(const board_hold&) = delete;
+};

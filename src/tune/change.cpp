@@ -1,0 +1,141 @@
+#include "tune/change.hpp"
+
+#include <algorithm>
+#include <csignal>
+#include <iterator>
+#include <optional>
+
+#include "tune/child.hpp"
+#include "tune/mistake.hpp"
+#include "tune/shared_array.hpp"
+#include "tune/value_text.hpp"
+
+namespace {
+
+/** Keeps the signals of a user away for as long as it lives; then they come. */
+class signals_held_back {
+public:
+    signals_held_back() {
+        sigset_t users;
+        sigemptyset(&users);
+        for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP}) {
+            sigaddset(&users, number);
+        }
+        sigprocmask(SIG_BLOCK, &users, &m_before);
+    }
+    ~signals_held_back() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
+    signals_held_back(const signals_held_back&) = delete;
+    signals_held_back& operator=(const signals_held_back&) = delete;
+
+private:
+    sigset_t m_before{};
+};
+
+/** What is written at once: fields of a register, or one file. */
+using step = std::vector<change>;
+
+/** Where a change stands among the others. */
+enum class stage { rising, registers, falling };
+
+stage stage_of(const change& each) {
+    if (each.target->kind != knob_kind::regulator) {
+        return stage::registers;
+    }
+    return each.after > each.before ? stage::rising : stage::falling;
+}
+
+std::vector<step> steps_for(const std::vector<change>& changes) {
+    std::vector<step> steps;
+    for (const stage now : {stage::rising, stage::registers, stage::falling}) {
+        for (const change& each : changes) {
+            if (stage_of(each) != now) {
+                continue;
+            }
+            const reg_info* const reg = each.target->reg;
+            const auto same = std::find_if(steps.begin(), steps.end(), [&](const step& s) {
+                return reg != nullptr && s.front().target->reg == reg;
+            });
+            (same == steps.end() ? steps.emplace_back() : *same).push_back(each);
+        }
+    }
+    return steps;
+}
+
+/** One side of a step. */
+std::vector<setting> settings(const step& s, std::uint32_t change::*side) {
+    std::vector<setting> result;
+    for (const change& each : s) {
+        result.push_back({each.target, each.*side});
+    }
+    return result;
+}
+
+void check_voltage(const change& wanted) {
+    const shared_array<std::uint32_t> limits(2);
+    const auto read_limits = [&] {
+        const auto [min, max] = voltage_limits(*wanted.target);
+        limits[0] = min;
+        limits[1] = max;
+    };
+    const std::optional<std::string> why = run_in_child(read_limits);
+    const std::string name = wanted.target->name();
+    if (why) {
+        throw mistake(name + ": " + *why);
+    }
+    if (wanted.after < limits[0] || wanted.after > limits[1]) {
+        throw mistake(name + ": " + std::to_string(wanted.after) +
+                      " is outside the regulator's limits, " + std::to_string(limits[0]) + " to " +
+                      std::to_string(limits[1]));
+    }
+}
+
+/** Puts a step back, and reports what its properties hold then. */
+void put_back(const step& s, change_report& report) {
+    const std::vector<setting> before = settings(s, &change::before);
+    const std::optional<std::string> why = write_and_check(before);
+    report.is_back = report.is_back && !why;
+    for (const reading& now : read_all(targets_of(before))) {
+        const knob& k = *now.source;
+        std::string line = k.name();
+        if (now.code) {
+            line += " = " + to_text(k, *now.code);
+        } else {
+            line += " cannot be read: " + now.reason;
+        }
+        report.holds.push_back(line + (why ? " # not put back" : " # as before"));
+    }
+}
+
+} // namespace
+
+std::vector<change> changes_to(const std::vector<setting>& wanted,
+                               const std::vector<reading>& now) {
+    std::vector<change> changes;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        if (*now[i].code != wanted[i].code) {
+            changes.push_back({wanted[i].target, *now[i].code, wanted[i].code});
+        }
+    }
+    return changes;
+}
+
+change_report change_board(const std::vector<change>& changes) {
+    for (const change& each : changes) {
+        if (each.target->kind == knob_kind::regulator) {
+            check_voltage(each);
+        }
+    }
+    change_report report;
+    const std::vector<step> steps = steps_for(changes);
+    const signals_held_back held_back;
+    for (auto done = steps.begin(); done != steps.end(); ++done) {
+        if (const auto why = write_and_check(settings(*done, &change::after))) {
+            report.failure = *why;
+            for (auto back = std::make_reverse_iterator(done + 1); back != steps.rend(); ++back) {
+                put_back(*back, report);
+            }
+            break;
+        }
+    }
+    return report;
+}

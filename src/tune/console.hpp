@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+/*
+ * What the program says itself. Results are collected and shown at the end, when the lock is
+ * released: a console that blocks must not stop it between two writes.
+ */
+
+/** Says something on standard error at once, behind the program's name; never while a value is set.
+ */
+void say(const std::string& text);
+
+/**
+ * Shows results on standard output.
+ * @throw mistake when they cannot be written
+ */
+void show(const std::string& text);

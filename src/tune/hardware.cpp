@@ -1,0 +1,111 @@
+#include "tune/hardware.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <set>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "reg/mmap_access.hpp"
+#include "tune/child.hpp"
+#include "tune/console.hpp"
+#include "tune/mistake.hpp"
+#include "tune/shared_array.hpp"
+#include "tune/value_text.hpp"
+
+void check_node(const std::vector<const knob*>& knobs) {
+    if (std::none_of(knobs.begin(), knobs.end(), [](const knob* k) { return k->in_register(); })) {
+        return;
+    }
+    const int fd = open(fname, O_RDWR | O_SYNC | O_CLOEXEC);
+    if (fd == -1) {
+        throw mistake(std::string("cannot open ") + fname + ": " + std::strerror(errno));
+    }
+    close(fd);
+}
+
+namespace {
+
+struct shared_reading {
+    std::uint32_t code;
+    bool done;
+};
+
+} // namespace
+
+std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
+    const shared_array<shared_reading> shared(knobs.size());
+    std::vector<reading> readings;
+    std::set<const reg_info*> dead;
+    while (readings.size() < knobs.size()) {
+        // One child for as many as it gets through.
+        const std::size_t begin = readings.size();
+        const auto read_them = [&] {
+            for (std::size_t i = begin; i < knobs.size(); ++i) {
+                if (!dead.contains(knobs[i]->reg)) {
+                    shared[i].code = read_code(*knobs[i]);
+                    shared[i].done = true;
+                }
+            }
+        };
+        const std::optional<std::string> why = run_in_child(read_them);
+        for (std::size_t i = begin; i < knobs.size(); ++i) {
+            reading one{knobs[i], std::nullopt, "", false};
+            const bool repeated = dead.contains(knobs[i]->reg);
+            if (shared[i].done) {
+                one.code = shared[i].code;
+            } else {
+                one.repeated = repeated;
+                one.reason = why.value_or("its register does not answer");
+            }
+            readings.push_back(one);
+            if (!one.code && !repeated) {
+                if (knobs[i]->in_register()) {
+                    dead.insert(knobs[i]->reg);
+                }
+                break; // the next child begins behind it
+            }
+        }
+    }
+    return readings;
+}
+
+std::vector<const knob*> targets_of(const std::vector<setting>& settings) {
+    std::vector<const knob*> targets(settings.size());
+    std::transform(settings.begin(), settings.end(), targets.begin(),
+                   [](const setting& each) { return each.target; });
+    return targets;
+}
+
+bool report_unreadable(const std::vector<reading>& readings) {
+    bool found = false;
+    for (const reading& each : readings) {
+        if (!each.code) {
+            found = true;
+            if (!each.repeated) {
+                say(each.source->name() + ": " + each.reason);
+            }
+        }
+    }
+    return found;
+}
+
+std::optional<std::string> write_and_check(const std::vector<setting>& settings) {
+    if (auto why = run_in_child([&] { write_codes(settings); })) {
+        return why;
+    }
+    const std::vector<const knob*> written = targets_of(settings);
+    const std::vector<reading> now = read_all(written);
+    for (std::size_t i = 0; i < settings.size(); ++i) {
+        if (!now[i].code) {
+            return now[i].reason;
+        }
+        if (*now[i].code != settings[i].code) {
+            return written[i]->name() + " was set to " + to_text(*written[i], settings[i].code) +
+                   " and holds " + to_text(*written[i], *now[i].code);
+        }
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,108 @@
+#include "tune/knobs.hpp"
+
+#include <algorithm>
+#include <set>
+
+#include <fnmatch.h>
+
+#include "property/property.hpp"
+#include "property/property_group.hpp"
+#include "property/property_set.hpp"
+#include "tune/mistake.hpp"
+
+namespace {
+
+/** How many characters have to be added, dropped or replaced to make one text of the other. */
+std::size_t distance(const std::string& a, const std::string& b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    for (std::size_t j = 0; j <= b.size(); ++j) {
+        row[j] = j;
+    }
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i;
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
+            diagonal = row[j];
+            row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
+        }
+    }
+    return row.back();
+}
+
+} // namespace
+
+knobs::knobs() {
+    for (const auto& [group_name, group] : property_group::get_groups()) {
+        for (const auto& [name, p] : group->m_properties) {
+            m_by_name[name] = &m_all.emplace_back(*p, group_name);
+        }
+    }
+    for (knob& k : m_all) {
+        if (k.kind == knob_kind::set) {
+            for (const std::string& lane : dynamic_cast<property_set&>(*k.property_of).m_members) {
+                k.lanes.push_back(m_by_name.at(lane));
+            }
+        }
+    }
+}
+
+const knob& knobs::named(const std::string& name) const {
+    const auto entry = m_by_name.find(name);
+    if (entry == m_by_name.end()) {
+        fail(name);
+    }
+    return *entry->second;
+}
+
+std::vector<const knob*> knobs::chosen(const std::vector<std::string>& names) const {
+    std::set<const knob*> wanted;
+    for (const std::string& name : names) {
+        const auto add = [&](const auto& fits) {
+            bool found = false;
+            for (const knob& k : m_all) {
+                if (fits(k)) {
+                    wanted.insert(&k);
+                    found = true;
+                }
+            }
+            return found;
+        };
+        if (!add([&](const knob& k) { return k.name() == name; }) &&
+            !add([&](const knob& k) { return k.group == name; }) &&
+            !add([&](const knob& k) { return fnmatch(name.c_str(), k.name().c_str(), 0) == 0; })) {
+            fail(name);
+        }
+    }
+    std::set<const knob*> in_sets;
+    for (const knob* k : wanted) {
+        in_sets.insert(k->lanes.begin(), k->lanes.end());
+    }
+    std::vector<const knob*> result;
+    for (const knob& k : m_all) {
+        if (wanted.contains(&k) && !in_sets.contains(&k)) {
+            result.push_back(&k);
+        }
+    }
+    return result;
+}
+
+void knobs::fail(const std::string& name) const {
+    const std::string start = name.substr(0, 40);
+    std::vector<std::pair<std::size_t, std::string>> near;
+    for (const knob& k : m_all) {
+        near.emplace_back(distance(start, k.name()), k.name());
+    }
+    std::partial_sort(near.begin(), near.begin() + 3, near.end());
+    throw mistake("no property, group or pattern: '" + start + "'; near are " + near[0].second +
+                  ", " + near[1].second + " and " + near[2].second);
+}
+
+std::vector<const knob*> parts_of(const std::vector<const knob*>& chosen) {
+    std::vector<const knob*> parts;
+    for (const knob* k : chosen) {
+        const std::vector<const knob*> its_parts = k->parts();
+        parts.insert(parts.end(), its_parts.begin(), its_parts.end());
+    }
+    return parts;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tune/knobs.hpp"
+
+/** A line of a tuning: a property and its value. */
+struct tuning_line {
+    const knob* target;
+    std::vector<std::uint32_t> codes; ///< one for each of the target's parts
+    std::string where;                ///< "FILE:LINE", for messages
+};
+
+/**
+ * Reads a file to its end; "-" is standard input.
+ * @throw mistake when it cannot be read
+ */
+std::string read_text(const std::string& path);
+
+/** The same, but where it cannot be read this text instead. */
+std::string read_text(const std::string& path, const std::string& otherwise);
+
+/**
+ * Understands a tuning: lines of NAME = VALUE, with comments from # to the end of a line.
+ * @param where the file's name, for messages
+ * @throw mistake that names the line; also where two lines are about the same bits
+ */
+std::vector<tuning_line> parse_tuning(const knobs& all, const std::string& text,
+                                      const std::string& where);
+
+/** The settings of all lines, one for each part, in their order. */
+std::vector<setting> settings_of(const std::vector<tuning_line>& lines);

@@ -1,0 +1,49 @@
+#include "tune/whole_file.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tune/mistake.hpp"
+
+namespace {
+
+/** Writes a text to a file of the disk, which takes all of it or reports an error: then -1. */
+int write_all(int fd, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t size = write(fd, text.data(), text.size());
+        if (size < 0) {
+            return -1;
+        }
+        text.remove_prefix(static_cast<std::size_t>(size));
+    }
+    return 0;
+}
+
+} // namespace
+
+void write_whole(const std::string& path, const std::string& text) {
+    std::string beside = path + ".XXXXXX";
+    const int fd = mkostemp(beside.data(), O_CLOEXEC);
+    if (fd == -1) {
+        throw mistake(path + ": " + std::strerror(errno));
+    }
+    const mode_t mask = umask(0); // which is only told by setting it
+    umask(mask);
+    int failure = write_all(fd, text);
+    failure |= fchmod(fd, 0666 & ~mask);
+    failure |= fsync(fd);
+    const bool is_there = failure == 0 && std::rename(beside.c_str(), path.c_str()) == 0;
+    const int error = errno;
+    close(fd);
+    if (!is_there) {
+        unlink(beside.c_str());
+        throw mistake(path + ": " + std::strerror(error));
+    }
+}

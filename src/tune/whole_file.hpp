@@ -1,0 +1,9 @@
+#pragma once
+
+#include <string>
+
+/**
+ * Writes a file whole or not at all: beside it first, to the disk, and then in its place.
+ * @throw mistake that names the file and the reason; the file is then as it was
+ */
+void write_whole(const std::string& path, const std::string& text);
