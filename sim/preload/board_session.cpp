@@ -92,7 +92,7 @@ void board_session::save_model() {
 }
 
 bool board_session::next_call_fails(failing_call call, std::string_view event) noexcept {
-    const std::uint32_t number = ++m_calls[static_cast<std::size_t>(call)];
+    const std::uint32_t number = m_calls.next(call);
     const std::optional<int> error = m_faults.call_error(call, number);
     if (!error) {
         return false;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -11,6 +9,7 @@
 #include "model/failing_call.hpp"
 #include "model/fault_list.hpp"
 #include "preload/open_files.hpp"
+#include "preload/shared_counts.hpp"
 #include "preload/trace_log.hpp"
 
 /**
@@ -38,8 +37,8 @@ public:
     board_model& model() { return *m_model; }
 
     /**
-     * Counts a call that the program makes. True if a fault has this one fail: errno is then set,
-     * and the trace says that `event` failed.
+     * Counts a call that the program, or a process that it forks, makes. True if a fault has this
+     * one fail: errno is then set, and the trace says that `event` failed.
      */
     bool next_call_fails(failing_call call, std::string_view event) noexcept;
 
@@ -63,8 +62,8 @@ private:
     fault_list m_faults;
     open_files m_files;
     std::optional<board_model> m_model;
-    std::string m_text; ///< of the registers, as last read or written
-    std::array<std::atomic<std::uint32_t>, failing_calls> m_calls{}; ///< made so far
+    std::string m_text;    ///< of the registers, as last read or written
+    shared_counts m_calls; ///< made so far, by this process and those that it forks
 };
 
 /**
