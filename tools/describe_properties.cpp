@@ -2,12 +2,13 @@
 #include <iostream>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include "platform/register_properties.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
-#include "property_facts.hpp"
+#include "property/property_regulator_voltage.hpp"
+#include "tune/facts.hpp"
+#include "tune/knobs.hpp"
 
 /*
  * Writes what the program knows of its properties: a page for readers, and a table for the
@@ -48,17 +49,55 @@ std::string escaped(const std::string& text) {
     return result;
 }
 
-void write_reference(std::ostream& out) {
-    out << introduction;
-    for (const auto& [group_name, group] : property_group::get_groups()) {
-        out << "\n## " << group_name << "\n\n"
-            << "| property | kind | legal values | meaning | place |\n"
-            << "|---|---|---|---|---|\n";
-        for (const auto& [name, p] : group->m_properties) {
-            const property_facts facts = describe(*p);
-            out << "| `" << name << "` | " << facts.kind << " | " << facts.legal << " | "
-                << escaped(facts.meaning) << " | " << escaped(facts.place) << " |\n";
+/** What `brisel` takes: more than a tuning file does. */
+std::string legal_values_of(const knob& k, const knob_facts& facts) {
+    switch (k.kind) {
+    case knob_kind::mapped: {
+        std::string legal;
+        for (const auto& [key, code] : key_map(k)) {
+            legal += (legal.empty() ? "" : ", ") + std::to_string(key) + " (" +
+                     std::to_string(code) + ")";
         }
+        return legal;
+    }
+    case knob_kind::lane:
+        return "0 to " + std::to_string(k.most());
+    case knob_kind::set:
+        return facts.legal + ", or one for all";
+    case knob_kind::regulator: {
+        const auto& regulator = dynamic_cast<property_regulator_voltage&>(*k.property_of);
+        std::ostringstream legal;
+        legal << "microvolts, or " << regulator.min_percent() << "% to " << regulator.max_percent()
+              << "%";
+        return legal.str();
+    }
+    default:
+        return facts.legal;
+    }
+}
+
+std::string place_of(const knob& k, const knob_facts& facts) {
+    if (!k.in_register()) {
+        return facts.address;
+    }
+    const bool one_bit = k.field->mask() == 1;
+    return facts.address + ", " +
+           (one_bit ? "bit " + std::to_string(k.field->shift()) : "bits " + facts.bits);
+}
+
+void write_reference(std::ostream& out, const knobs& all) {
+    out << introduction;
+    std::string group;
+    for (const knob& k : all.all()) {
+        if (k.group != group) {
+            group = k.group;
+            out << "\n## " << group << "\n\n"
+                << "| property | kind | legal values | meaning | place |\n"
+                << "|---|---|---|---|---|\n";
+        }
+        const knob_facts facts = facts_of(k);
+        out << "| `" << k.name() << "` | " << facts.kind << " | " << legal_values_of(k, facts)
+            << " | " << escaped(facts.help) << " | " << escaped(place_of(k, facts)) << " |\n";
     }
 }
 
@@ -77,10 +116,11 @@ std::string explained_values(const std::string& help) {
     return values;
 }
 
-std::string joined(const std::vector<unsigned int>& numbers, const std::string& separator) {
+/** The keys of a mapped field, with these between them. */
+std::string keys_of(const knob& mapped, const std::string& separator) {
     std::string text;
-    for (const unsigned int number : numbers) {
-        text += (text.empty() ? "" : separator) + std::to_string(number);
+    for (const auto& [key, code] : key_map(mapped)) {
+        text += (text.empty() ? "" : separator) + std::to_string(key);
     }
     return text;
 }
@@ -89,21 +129,18 @@ std::string joined(const std::vector<unsigned int>& numbers, const std::string& 
  * What completion offers, a line each: name, kind, range, meaning, and values where they are few.
  * No column is empty, since a shell that splits a line would not see it.
  */
-void write_completion(std::ostream& out) {
+void write_completion(std::ostream& out, const knobs& all) {
     out << "-h\toption\t-\thelp\t-\n"
            "-i\toption\t-\tinteractive mode (not supported yet)\t-\n"
            "-l\toption\t-\tlist all properties\t-\n"
            "-r\toption\t-\tprint the value alone\t-\n"
            "-x\toption\t-\thexadecimal numbers\t-\n";
-    for (const auto& [group_name, group] : property_group::get_groups()) {
-        for (const auto& [name, p] : group->m_properties) {
-            const property_facts facts = describe(*p);
-            const bool mapped = !facts.keys.empty();
-            out << name << '\t' << facts.kind << '\t'
-                << (mapped ? joined(facts.keys, ", ") : facts.legal) << '\t' << facts.meaning
-                << '\t' << (mapped ? joined(facts.keys, ";") : explained_values(facts.meaning))
-                << '\n';
-        }
+    for (const knob& k : all.all()) {
+        const knob_facts facts = facts_of(k);
+        const bool mapped = k.kind == knob_kind::mapped;
+        out << k.name() << '\t' << facts.kind << '\t'
+            << (mapped ? keys_of(k, ", ") : legal_values_of(k, facts)) << '\t' << facts.help << '\t'
+            << (mapped ? keys_of(k, ";") : explained_values(facts.help)) << '\n';
     }
 }
 
@@ -117,8 +154,9 @@ int main(int argc, char* argv[]) try {
     std::ofstream reference(argv[1]);
     std::ofstream completion(argv[2]);
     platform_register_properties();
-    write_reference(reference);
-    write_completion(completion);
+    const knobs all;
+    write_reference(reference, all);
+    write_completion(completion, all);
     property_group::free_all();
     property::free_all();
     return reference.flush() && completion.flush() ? 0 : 1;

@@ -22,7 +22,6 @@
 #include "reg/reg_bitmask_map.hpp"
 #include "reg/reg_bitmask_ro.hpp"
 #include "reg/reg_info.hpp"
-#include "tools/protected_members.hpp"
 
 namespace catalogue_test {
 
@@ -115,8 +114,8 @@ TEST(Catalogue, FieldsAreThoseOfTheTable) {
         EXPECT_EQ(field->get_name(), row["name"]);
         EXPECT_EQ(field->get_desc(), row["description"]);
         const auto& range = dynamic_cast<const reg_bitmask&>(*field);
-        EXPECT_EQ(bitmask_members::mask(range), mask_of(row.number("high"), row.number("low")));
-        EXPECT_EQ(bitmask_members::shift(range), static_cast<int>(row.number("low")));
+        EXPECT_EQ(range.mask(), mask_of(row.number("high"), row.number("low")));
+        EXPECT_EQ(range.shift(), static_cast<int>(row.number("low")));
         const auto* lane = dynamic_cast<const orlin::reg_bitmask_dq*>(field);
         EXPECT_EQ(row["selector-part"] == "-", lane == nullptr);
         if (lane != nullptr) {
@@ -136,7 +135,7 @@ TEST(Catalogue, MappedFieldsShareOneMapPerNameAndItHoldsThePairsOfTheTable) {
         const auto* mapped = dynamic_cast<const reg_bitmask_map*>(field);
         EXPECT_EQ(row["map"] == "-", mapped == nullptr);
         if (mapped != nullptr) {
-            const value_map* map = bitmask_map_members::map(*mapped);
+            const value_map* map = &mapped->map();
             EXPECT_EQ(*map, expected.at(row["map"]));
             used[row["map"]].insert(map);
         }

@@ -23,7 +23,6 @@
 #include "reg/reg_info.hpp"
 #include "reg/reg_subval.hpp"
 #include "support/fake_memory.hpp"
-#include "tools/protected_members.hpp"
 
 namespace registration_test {
 
@@ -122,9 +121,9 @@ TEST(Registration, RegulatorsAreThoseOfTheTable) {
         property* const p = regulator_properties.begin()[i];
         EXPECT_EQ(p, property::get_property(row["name"]));
         const auto& regulator = dynamic_cast<property_regulator_voltage&>(*p);
-        EXPECT_EQ(regulator_members::path(regulator), row["directory"]);
-        EXPECT_EQ(regulator_members::min_percent(regulator), row.number("minimum-percent"));
-        EXPECT_EQ(regulator_members::max_percent(regulator), row.number("maximum-percent"));
+        EXPECT_EQ(regulator.path(), row["directory"]);
+        EXPECT_EQ(regulator.min_percent(), row.number("minimum-percent"));
+        EXPECT_EQ(regulator.max_percent(), row.number("maximum-percent"));
     }
 }
 
@@ -137,9 +136,9 @@ TEST(Registration, FilesAreThoseOfTheTable) {
         property* const p = mmc_properties.begin()[i];
         EXPECT_EQ(p, property::get_property(row["name"]));
         const auto& file = dynamic_cast<property_file<int>&>(*p);
-        EXPECT_EQ(file_members::path(file), row["path"]);
-        EXPECT_EQ(file_members::min(file), static_cast<int>(row.number("minimum")));
-        EXPECT_EQ(file_members::max(file), static_cast<int>(row.number("maximum")));
+        EXPECT_EQ(file.path(), row["path"]);
+        EXPECT_EQ(file.min(), static_cast<int>(row.number("minimum")));
+        EXPECT_EQ(file.max(), static_cast<int>(row.number("maximum")));
     }
 }
 
