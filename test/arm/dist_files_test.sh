@@ -36,10 +36,12 @@ check() {
     echo "$file: $machine, $(wc -c <"$file") bytes"
 }
 
-check brisel-armhf 'ARM$'
-expect 'Tag_CPU_arch: v7'
-expect 'Tag_ABI_VFP_args: VFP registers'
-check brisel-armel 'ARM$'
-expect 'Tag_CPU_arch: v5TE'
-check brisel-arm64 'AArch64$'
-check brisel-host "$(readelf -h /bin/sh | sed -n 's/^ *Machine: *//p')"
+for program in brisel brisel-tune; do
+    check "$program-armhf" 'ARM$'
+    expect 'Tag_CPU_arch: v7'
+    expect 'Tag_ABI_VFP_args: VFP registers'
+    check "$program-armel" 'ARM$'
+    expect 'Tag_CPU_arch: v5TE'
+    check "$program-arm64" 'AArch64$'
+    check "$program-host" "$(readelf -h /bin/sh | sed -n 's/^ *Machine: *//p')"
+done

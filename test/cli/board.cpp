@@ -119,31 +119,32 @@ run_result board::capture(program_start program) const {
     return {contents(folder / "out"), without_emulator(contents(folder / "err")), status};
 }
 
-program_start board::launch(const std::vector<std::string>& arguments) const {
+program_start board::launch(const std::vector<std::string>& arguments,
+                            const std::string& program) const {
     const fs::path folder = m_folder;
-    program_start program{.words = {BOARD_LAUNCHER, "-b", (folder / "state").string(), "-T",
-                                    (folder / "trace").string(), "brisel"},
-                          .environment = {{"BRISEL_BUILD", build_folder()}}};
-    program.words.insert(program.words.end(), arguments.begin(), arguments.end());
-    return program;
+    program_start start{.words = {BOARD_LAUNCHER, "-b", (folder / "state").string(), "-T",
+                                  (folder / "trace").string(), program},
+                        .environment = {{"BRISEL_BUILD", build_folder()}}};
+    start.words.insert(start.words.end(), arguments.begin(), arguments.end());
+    return start;
 }
 
 program_start board::launch_bare(const std::vector<std::string>& arguments,
-                                 const std::string& fault) const {
+                                 const std::string& fault, const std::string& program) const {
     if (is_emulated()) {
-        program_start program = launch(arguments);
-        program.environment.emplace_back("BRISEL_BOARD_FAULTS", fault);
-        return program;
+        program_start start = launch(arguments, program);
+        start.environment.emplace_back("BRISEL_BOARD_FAULTS", fault);
+        return start;
     }
     const fs::path folder = m_folder;
-    program_start program{.words = {BRISEL_BUILD_DIR "/brisel"},
-                          .environment = {{"BRISEL_BOARD", (folder / "state").string()},
-                                          {"BRISEL_BOARD_TRACE", (folder / "trace").string()},
-                                          {"BRISEL_BOARD_FAULTS", fault},
-                                          {"LD_LIBRARY_PATH", BRISEL_BUILD_DIR},
-                                          {"LD_PRELOAD", "libbrisel-board.so"}}};
-    program.words.insert(program.words.end(), arguments.begin(), arguments.end());
-    return program;
+    program_start start{.words = {BRISEL_BUILD_DIR "/" + program},
+                        .environment = {{"BRISEL_BOARD", (folder / "state").string()},
+                                        {"BRISEL_BOARD_TRACE", (folder / "trace").string()},
+                                        {"BRISEL_BOARD_FAULTS", fault},
+                                        {"LD_LIBRARY_PATH", BRISEL_BUILD_DIR},
+                                        {"LD_PRELOAD", "libbrisel-board.so"}}};
+    start.words.insert(start.words.end(), arguments.begin(), arguments.end());
+    return start;
 }
 
 std::vector<std::string> board::trace() const {

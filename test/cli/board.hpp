@@ -59,15 +59,16 @@ public:
     /** The same for what one of the next two made. */
     run_result capture(program_start program) const;
 
-    /** How `brisel` is started with these arguments through the launcher; no stream is open. */
-    program_start launch(const std::vector<std::string>& arguments) const;
+    /** How a program is started with these arguments through the launcher; no stream is open. */
+    program_start launch(const std::vector<std::string>& arguments,
+                         const std::string& program = "brisel") const;
 
     /**
      * The same with one more fault for this run, and without the launcher, which takes most of the
      * time of a run, unless an emulator is needed.
      */
-    program_start launch_bare(const std::vector<std::string>& arguments,
-                              const std::string& fault) const;
+    program_start launch_bare(const std::vector<std::string>& arguments, const std::string& fault,
+                              const std::string& program = "brisel") const;
 
     /** Every line of the trace so far. */
     std::vector<std::string> trace() const;

@@ -15,6 +15,12 @@ BRISEL_BOARD=$work/board
 export BRISEL_BOARD
 sim/board -r
 
+mkdir "$work/bin"
+for program in brisel brisel-tune; do
+    printf '#!/bin/sh\nexec %s/sim/board %s "$@"\n' "$PWD" "$program" >"$work/bin/$program"
+done
+chmod +x "$work/bin"/*
+
 case $1 in
 *.md) sed -n '/^\x60\{3\}console$/,/^\x60\{3\}$/{/^\x60/d;p;}' "$1" ;;
 *) sed -n '/^\.Sh EXAMPLES/,/^\.Sh/{/^\.Bd/,/^\.Ed/{/^\./d;s/\\-/-/g;p;};}' "$1" ;;
@@ -22,7 +28,11 @@ esac >"$work/shown"
 
 # The commands alone, each after a line that shows it.
 {
-    echo 'brisel() { sim/board brisel "$@"; }'
+    # A page's own program is the one on the board, and its files are not left behind.
+    case $1 in
+    *.md) ;;
+    *) echo "PATH=$work/bin:\$PATH; cd $work" ;;
+    esac
     sed -n "/^[\$#>] /{h;s/'/'\\\\''/g;s/.*/printf '%s\\\\n' '&'/;p;}" "$work/shown" >"$work/echoes"
     sed -n 's/^[$#>] //p' "$work/shown" >"$work/commands"
     # A command that goes on over several lines is echoed in whole before it.

@@ -21,7 +21,7 @@ has() {
 has "brisel $2"
 
 # Every piece of text of the sources that has two words is in the manual, but for the catalogue's.
-find "$3/src" -name '*.cpp' ! -name catalogue.cpp -exec grep -h '"' {} + | grep -v '#include\|no help' |
+find "$3/src" -name '*.cpp' ! -name catalogue.cpp ! -path '*/tune/*' -exec grep -h '"' {} + | grep -v '#include\|no help' |
     grep -o '"[^"]*"' | sed 's/"//g; s/\\[nt]//g; s/%[0-9a-z]*/\n/g' |
     grep '[a-z!] .*[a-z:]' | grep -v '^-[hilx] \|^brisel \[\|no desc' | sort -u >"$work/messages"
 while IFS=$(printf '\n') read -r message; do

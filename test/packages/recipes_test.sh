@@ -42,11 +42,14 @@ openembedded_options=$(sed -n 's/^EXTRA_OECMAKE = "\(.*\)"/\1/p' "$recipe")
 
 cat >"$work/wanted" <<'END'
 ./usr/bin/brisel
+./usr/bin/brisel-tune
 ./usr/share/bash-completion/completions/brisel
 ./usr/share/brisel/properties.tsv
 ./usr/share/doc/brisel/CHANGELOG.md
 ./usr/share/doc/brisel/properties.md
+./usr/share/doc/brisel/tuning.md
 ./usr/share/fish/vendor_completions.d/brisel.fish
+./usr/share/man/man1/brisel-tune.1
 ./usr/share/man/man1/brisel.1
 ./usr/share/zsh/site-functions/_brisel
 END

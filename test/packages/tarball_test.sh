@@ -9,7 +9,7 @@ trap 'rm -rf "$work"' EXIT
 tar xzf "$1" -C "$work"
 folder=$work/$(basename "$1" .tar.gz)
 
-for file in bin/brisel share/man/man1/brisel.1 share/brisel/properties.tsv \
+for file in bin/brisel bin/brisel-tune share/man/man1/brisel.1 share/man/man1/brisel-tune.1 share/brisel/properties.tsv \
     share/bash-completion/completions/brisel share/zsh/site-functions/_brisel \
     share/fish/vendor_completions.d/brisel.fish share/doc/brisel/properties.md; do
     [ -s "$folder/$file" ] || { echo "no $file" >&2; exit 1; }

@@ -1,8 +1,11 @@
 #include <csignal>
 
+#include <sys/syscall.h>
+#include <unistd.h>
+
 /*
- * Counts are written when a process exits, which one that ends through abort() never does.
- * Linked into every program of a coverage build, this has them written first.
+ * Counts are written when a process exits, which one that ends through abort() or _Exit() never
+ * does. Linked into every program of a coverage build, this has them written first.
  */
 
 extern "C" void __gcov_dump();
@@ -17,3 +20,9 @@ void write_counts(int) {
 [[maybe_unused]] const auto previous = std::signal(SIGABRT, write_counts);
 
 } // namespace
+
+extern "C" [[noreturn]] void _Exit(int status) noexcept {
+    __gcov_dump();
+    syscall(SYS_exit_group, status);
+    __builtin_unreachable();
+}

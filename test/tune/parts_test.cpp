@@ -1,0 +1,247 @@
+#include <csignal>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include "platform/register_properties.hpp"
+#include "property/property_group.hpp"
+#include "property/property_register.hpp"
+#include "support/fake_property.hpp"
+#include "support/temp_dir.hpp"
+#include "support/text_file.hpp"
+#include "tune/child.hpp"
+#include "tune/facts.hpp"
+#include "tune/knobs.hpp"
+#include "tune/lock.hpp"
+#include "tune/mistake.hpp"
+#include "tune/shared_array.hpp"
+#include "tune/table.hpp"
+#include "tune/tuning.hpp"
+#include "tune/value_text.hpp"
+#include "tune/whole_file.hpp"
+
+// The parts of brisel-tune that need no board.
+
+namespace tune_parts_test {
+
+using testing::Optional;
+using testing::ThrowsMessage;
+
+/** A limit of this process, for as long as it lives. */
+class limited {
+public:
+    limited(__rlimit_resource what, rlim_t most) : m_what(what) {
+        getrlimit(what, &m_before);
+        const rlimit limit{most, m_before.rlim_max};
+        setrlimit(what, &limit);
+    }
+    ~limited() { setrlimit(m_what, &m_before); }
+    limited(const limited&) = delete;
+    limited& operator=(const limited&) = delete;
+
+private:
+    __rlimit_resource m_what;
+    rlimit m_before{};
+};
+
+TEST(RunInChild, DoesItsWorkInAProcessOfItsOwn) {
+    const shared_array<pid_t> process(1);
+    int untouched = 1;
+    EXPECT_EQ(run_in_child([&] {
+                  process[0] = getpid();
+                  untouched = 2;
+              }),
+              std::nullopt);
+    EXPECT_NE(process[0], 0);
+    EXPECT_NE(process[0], getpid());
+    EXPECT_EQ(untouched, 1);
+}
+
+TEST(RunInChild, TellsWhyItsWorkWasNotDone) {
+    EXPECT_THAT(run_in_child([] { throw std::runtime_error("no luck"); }),
+                Optional(std::string("no luck")));
+    EXPECT_THAT(run_in_child([] { throw std::runtime_error(""); }),
+                Optional(testing::StartsWith("it ended with status ")));
+    EXPECT_THAT(run_in_child([] {
+                    std::signal(SIGBUS, SIG_DFL); // where a sanitizer has it
+                    raise(SIGBUS);
+                }),
+                Optional(std::string("no register answers there (bus error)")));
+    EXPECT_THAT(run_in_child([] { raise(SIGKILL); }),
+                Optional(std::string("it ended with status 9")));
+    EXPECT_THAT(run_in_child([] { std::_Exit(3); }),
+                Optional(std::string("it ended with status 768")));
+}
+
+TEST(RunInChild, NeedsAChild) {
+    const auto run = [] {
+        const limited no_files(RLIMIT_NOFILE, 3);
+        run_in_child([] {});
+    };
+    EXPECT_THAT(run, ThrowsMessage<mistake>("no child process: Too many open files"));
+}
+
+TEST(LockHolder, IsTheOneThatTheKernelNamesFirst) {
+    const std::string locks = "1: FLOCK  ADVISORY  WRITE 12 08:02:56 0 EOF\n"
+                              "2: FLOCK  ADVISORY  WRITE 34 08:02:5 0 EOF\n"
+                              "2: -> FLOCK  ADVISORY  WRITE 56 08:02:5 0 EOF\n";
+    EXPECT_EQ(lock_holder(locks, 56), ", process 12");
+    EXPECT_EQ(lock_holder(locks, 5), ", process 34");
+    EXPECT_EQ(lock_holder(locks, 6), "");
+    EXPECT_EQ(lock_holder("", 5), "");
+}
+
+TEST(JsonText, HasItsQuotesMarked) {
+    EXPECT_EQ(json_text("a \"b\" \\ c"), R"("a \"b\" \\ c")");
+}
+
+TEST(SharedArray, NeedsMemory) {
+    EXPECT_THROW(shared_array<std::uint32_t>(std::numeric_limits<std::size_t>::max() / 8), mistake);
+}
+
+TEST(WholeFile, LeavesTheFileAsItWasWhenItCannotBeWritten) {
+    const temp_dir dir;
+    const std::string path = dir.file("tuning");
+    write_text(path, "before");
+    std::signal(SIGXFSZ, SIG_IGN);
+    {
+        const limited no_room(RLIMIT_FSIZE, 2);
+        EXPECT_THAT([&] { write_whole(path, "after"); },
+                    ThrowsMessage<mistake>(path + ": File too large"));
+    }
+    EXPECT_EQ(text_of(path), "before");
+    write_whole(path, "after");
+    EXPECT_EQ(text_of(path), "after");
+    EXPECT_THAT([&] { write_whole(dir.file("."), ""); }, testing::Throws<mistake>());
+}
+
+/** Registers everything for the length of the program, as its main does. */
+class registration : public testing::Environment {
+public:
+    void SetUp() override { platform_register_properties(); }
+    void TearDown() override {
+        property_group::free_all();
+        property::free_all();
+    }
+};
+[[maybe_unused]] const auto* const registered =
+    testing::AddGlobalTestEnvironment(std::make_unique<registration>().release());
+
+TEST(Knobs, EveryCodeOfEveryKnobIsReadAsItIsShown) {
+    const knobs all;
+    for (const knob& k : all.all()) {
+        if (k.kind == knob_kind::set) {
+            continue;
+        }
+        const std::uint32_t last = std::min(k.most(), 300U);
+        for (std::uint32_t code = k.least(); code <= last; ++code) {
+            EXPECT_THAT(parse_value(k, to_text(k, code)), testing::ElementsAre(code)) << k.name();
+        }
+        EXPECT_THAT(parse_value(k, to_text(k, k.most())), testing::ElementsAre(k.most()));
+    }
+}
+
+TEST(Knobs, EveryDelayIsReadAsItIsShown) {
+    const knobs all;
+    const knob& lane = all.named("orlin-ddra-read0::dq3");
+    for (std::uint32_t code = 0; code < 128; ++code) {
+        EXPECT_THAT(parse_value(lane, to_delay(code)), testing::ElementsAre(code));
+    }
+}
+
+TEST(Knobs, ValuesAreWholeNumbersWithNothingAroundThem) {
+    const knobs all;
+    const auto refused = [&](const std::string& name, const std::string& text) {
+        EXPECT_THROW(parse_value(all.named(name), text), mistake) << text;
+    };
+    for (const char* text : {"", " 1", "1 ", "-1", "+1", "0x", "0xg", "1.0", "4294967296", "d+1",
+                             "raw:1", "{1}", "99999999999999999999"}) {
+        refused("i2c0-delay::sda-delay", text);
+    }
+    for (const char* text : {"d", "d+", "d5", "d+64", "d-64", "d+-1", "128", "raw:1"}) {
+        refused("orlin-ddra-read0::dq3", text);
+    }
+    for (const char* text : {"raw:16", "raw:", "raw:-1", "raw:1", "1", "d+1"}) {
+        refused("orlin-ddra::odt", text);
+    }
+    for (const char* text : {"1", "256"}) {
+        refused("mmc::rdqs", text);
+    }
+    refused("cpu_regulator::microvolts", "2147483648");
+    refused("orlin-ddra-read0::dq", "{1,2,3,4,5,6,7,}");
+    refused("orlin-ddra-read0::dq", "{");
+}
+
+TEST(Knobs, FactsAreKnownOfEveryKnob) {
+    const knobs all;
+    for (const knob& k : all.all()) {
+        const knob_facts facts = facts_of(k);
+        for (const std::string& text :
+             {facts.kind, facts.legal, facts.unit, facts.address, facts.bits, facts.help}) {
+            EXPECT_NE(text, "") << k.name();
+        }
+    }
+    const knob_facts lane = facts_of(all.named("pelune-ddr-write3::dq8"));
+    EXPECT_EQ(lane.address, "0x1a4191a0 with 0x815 in 0x1a41912c");
+    EXPECT_EQ(lane.help, "delay of a DQ lane");
+    const knob_facts slice = facts_of(all.named("orlin-ddra1::scl"));
+    EXPECT_EQ(slice.address, "0x1842813c with 0x008 in 0x1842812c");
+    EXPECT_EQ(slice.bits, "31..0");
+    EXPECT_EQ(facts_of(all.named("pcie-link::state-ro")).kind, "read-only field");
+    EXPECT_THAT(parse_value(all.named("mmc::rdqs"), "0X1f"), testing::ElementsAre(31));
+    EXPECT_EQ(facts_of(all.named("mmc::rdqs")).address, "/sys/kernel/debug/mmc0/rdqs");
+    EXPECT_EQ(facts_of(all.named("orlin-ddra-read0::dq")).address,
+              "orlin-ddra-read0::dq0 to orlin-ddra-read0::dq7");
+}
+
+// The catalogue has no such fields, but for read-only ones.
+TEST(Tuning, DoesNotTakeTwoLinesForTheSameBits) {
+    static reg_info shared("shared", 0x1000,
+                           {new reg_bitmask(7, 4, "high", "no desc"),
+                            new reg_bitmask(5, 0, "low", "no desc"),
+                            new reg_bitmask(9, 8, "apart", "no desc")},
+                           false);
+    property_register::register_as_property(property_group::register_property_group("shared"),
+                                            &shared);
+    const knobs all;
+    EXPECT_THAT(
+        [&] { parse_tuning(all, "shared::high = 1\nshared::low = 1\n", "file"); },
+        ThrowsMessage<mistake>("file:2: shared::low has bits that are set already at file:1"));
+    EXPECT_THAT(parse_tuning(all, "shared::high = 1\nshared::apart = 1\n", "file"),
+                testing::SizeIs(2));
+}
+
+/** A field and a register of kinds that nobody knows. */
+class other_field : public reg_bitmask {
+    using reg_bitmask::reg_bitmask;
+};
+class other_register : public reg_info {
+    using reg_info::reg_info;
+};
+
+TEST(UnknownKinds, AreRefused) {
+    fake_property other("other");
+    EXPECT_THAT([&] { knob(other, "group"); },
+                ThrowsMessage<std::logic_error>("unknown kind of property: other"));
+
+    property_group group("group");
+    reg_info plain("plain", 0x1000, {new other_field(3, 0, "field", "no desc")}, false);
+    property_register::register_as_property(&group, &plain);
+    EXPECT_THAT([&] { knob(*group.m_properties.at("plain::field"), "group"); },
+                ThrowsMessage<std::logic_error>("unknown kind of field: field"));
+
+    other_register other_reg("reg", 0x1000, {new reg_bitmask(3, 0, "field", "no desc")}, false);
+    property_register::register_as_property(&group, &other_reg);
+    const knob k(*group.m_properties.at("reg::field"), "group");
+    EXPECT_THAT([&] { facts_of(k); },
+                ThrowsMessage<std::logic_error>("unknown kind of register: reg"));
+}
+
+} // namespace tune_parts_test

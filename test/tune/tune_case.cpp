@@ -1,0 +1,27 @@
+#include "tune/tune_case.hpp"
+
+#include <algorithm>
+#include <fstream>
+
+namespace {
+
+void replace_all(std::string& text, const std::string& from, const std::string& to) {
+    for (std::size_t at = text.find(from); at != std::string::npos;
+         at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+    }
+}
+
+} // namespace
+
+run_result run_tune(const board& on_board, const std::vector<std::string>& args,
+                    const std::string& tuning) {
+    const std::string path = on_board.path("/tmp/tuning");
+    std::ofstream(path, std::ios::binary) << tuning;
+    std::vector<std::string> words = args;
+    std::replace(words.begin(), words.end(), tuning_file, path);
+    run_result result = on_board.capture(on_board.launch(words, "brisel-tune"));
+    replace_all(result.err, path, tuning_file);
+    replace_all(result.err, "brisel-tune: ", "");
+    return result;
+}
