@@ -7,6 +7,9 @@ set(BRISEL_ZSH_DIR ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING
 set(BRISEL_TMPFILES_DIR "" CACHE STRING
     "Where systemd looks for files to make at start-up, such as lib/tmpfiles.d; empty for nowhere")
 
+set(BRISEL_SYSTEMD_DIR "" CACHE STRING
+    "Where systemd looks for units, such as lib/systemd/system; empty for nowhere")
+
 set(BRISEL_BASH_DIR ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 set(BRISEL_FISH_DIR ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 
@@ -17,17 +20,22 @@ foreach(shell BASH ZSH FISH)
 endforeach()
 
 set(configured ${CMAKE_CURRENT_BINARY_DIR}/configured)
-foreach(file man/brisel.1 completion/brisel.bash completion/_brisel completion/brisel.fish)
+foreach(file man/brisel.1 man/brisel-tune.1 completion/brisel.bash completion/_brisel completion/brisel.fish)
     configure_file(${file}.in ${configured}/${file} @ONLY)
 endforeach()
 
-install(TARGETS brisel)
-install(FILES ${configured}/man/brisel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES CHANGELOG.md docs/properties.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(TARGETS brisel brisel-tune)
+install(FILES ${configured}/man/brisel.1 ${configured}/man/brisel-tune.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES CHANGELOG.md docs/properties.md docs/tuning.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES completion/properties.tsv DESTINATION ${CMAKE_INSTALL_DATADIR}/brisel)
 install(FILES ${configured}/completion/brisel.bash DESTINATION ${BRISEL_BASH_DIR} RENAME brisel)
 install(FILES ${configured}/completion/_brisel DESTINATION ${BRISEL_ZSH_DIR})
 install(FILES ${configured}/completion/brisel.fish DESTINATION ${BRISEL_FISH_DIR})
 if(BRISEL_TMPFILES_DIR)
     install(FILES packaging/debian/brisel.conf DESTINATION ${BRISEL_TMPFILES_DIR})
+endif()
+if(BRISEL_SYSTEMD_DIR)
+    install(FILES packaging/boot/brisel-tune.service packaging/boot/brisel-tune-survived.service
+        DESTINATION ${BRISEL_SYSTEMD_DIR})
+    install(PROGRAMS packaging/boot/apply-at-boot DESTINATION lib/brisel)
 endif()

@@ -27,10 +27,12 @@ brisel (${CPACK_PACKAGE_VERSION}) bookworm; urgency=medium
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")
-run(COMMAND gzip -9n ${share}/doc/brisel/changelog ${share}/man/man1/brisel.1)
+run(COMMAND gzip -9n ${share}/doc/brisel/changelog ${share}/man/man1/brisel.1
+    ${share}/man/man1/brisel-tune.1)
 
 run(COMMAND ${CPACK_BRISEL_STRIP} --strip-unneeded --remove-section=.comment
-    ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/brisel)
+    ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/brisel
+    ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/brisel-tune)
 
 file(COPY ${packaging}/copyright DESTINATION ${share}/doc/brisel)
 run(COMMAND chmod -R u=rwX,go=rX ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr)
