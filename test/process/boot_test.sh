@@ -1,0 +1,36 @@
+#!/bin/sh
+# A tuning is applied at boot, and not again before the system has come up with it.
+#
+#   boot_test.sh LAUNCHER SCRIPT
+set -eu
+launcher=$1 script=$2
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export BRISEL_BOARD="$work/board" BRISEL_TUNING="$work/tuning.conf" BRISEL_TUNING_MARK="$work/lib/mark"
+echo 'mac-tx::delay = 4' >"$BRISEL_TUNING"
+
+# boot STATUS VALUE: the script ends so, and the board holds that.
+boot() {
+    status=0
+    "$launcher" sh "$script" >"$work/said" 2>&1 || status=$?
+    value=$("$launcher" brisel -r mac-tx::delay 2>/dev/null)
+    [ "$status $value" = "$1 $2" ] || {
+        echo "status $status, value $value, in place of $1 and $2:"
+        cat "$work/said"
+        exit 1
+    }
+}
+
+boot 0 4
+[ -e "$BRISEL_TUNING_MARK" ]
+
+# It hung: nothing is applied, and the reason is said.
+"$launcher" -r true
+boot 1 2
+grep -q 'the last boot with it did not come up' "$work/said"
+
+# It came up: applied again at the next boot.
+"$launcher" sh "$script" survived
+"$launcher" -r true
+boot 0 4
