@@ -24,6 +24,7 @@ bind 'set page-completions off'
 bind 'set show-all-if-ambiguous on'
 bind 'set enable-bracketed-paste off'
 . $prefix/share/bash-completion/completions/brisel
+. $prefix/share/bash-completion/completions/brisel-tune
 END
 cat >$work/.zshrc <<END
 PS1='ready> '
@@ -35,7 +36,7 @@ bindkey -e
 unset zle_bracketed_paste
 END
 mkdir -p $work/.config/fish/completions
-ln -s $prefix/share/fish/vendor_completions.d/brisel.fish $work/.config/fish/completions/
+ln -s $prefix/share/fish/vendor_completions.d/brisel*.fish $work/.config/fish/completions/
 
 # Sets offered to what the terminal shows when the line $1 and a tab are typed, and the shell then
 # echoes the line, after a mark that no shell expands: a path would have digits of its own.
@@ -89,6 +90,10 @@ offers 'brisel i2c0-delay::sda-delay ' '0 to 15' cycles
 offers 'brisel i2c0-delay::sda-delay 1' '!10'
 # Options.
 offers 'brisel -' -h -i -l -r -x
+# The other program.
+offers 'brisel-tune ' list get set save diff apply '!mac'
+offers 'brisel-tune get orlin-ddra::od' 'orlin-ddra::odt'
+offers 'brisel-tune save -' --all -o --wait '!json'
 
 # While another instance holds the lock, everything is offered all the same.
 flock -o $BRISEL_BOARD/root/tmp/brisel.lock sleep 60 >/dev/null 2>&1 &

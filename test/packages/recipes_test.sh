@@ -44,14 +44,17 @@ cat >"$work/wanted" <<'END'
 ./usr/bin/brisel
 ./usr/bin/brisel-tune
 ./usr/share/bash-completion/completions/brisel
+./usr/share/bash-completion/completions/brisel-tune
 ./usr/share/brisel/properties.tsv
 ./usr/share/doc/brisel/CHANGELOG.md
 ./usr/share/doc/brisel/properties.md
 ./usr/share/doc/brisel/tuning.md
+./usr/share/fish/vendor_completions.d/brisel-tune.fish
 ./usr/share/fish/vendor_completions.d/brisel.fish
 ./usr/share/man/man1/brisel-tune.1
 ./usr/share/man/man1/brisel.1
 ./usr/share/zsh/site-functions/_brisel
+./usr/share/zsh/site-functions/_brisel-tune
 END
 
 # stage NAME OPTION...: configures, builds and installs into a staging folder as both systems do.
