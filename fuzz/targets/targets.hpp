@@ -22,5 +22,8 @@ findings word_value(const std::string& input);      ///< orlin-ddra1::scl: the w
 findings set_value(const std::string& input);       ///< orlin-ddra-read2::dq: eight lanes' words
 findings file_value(const std::string& input);      ///< mmc::rdqs: the file's first word
 
+/** A tuning of brisel-tune: the input as it is. */
+findings tuning_file(const std::string& input);
+
 /** cpu_regulator::microvolts: voltage, lower and upper limit */
 findings regulator_value(const std::string& input);
