@@ -15,9 +15,10 @@ BRISEL_BOARD=$work/board
 export BRISEL_BOARD
 sim/board -r
 
+ln -s "$PWD/sim" "$work/sim"
 mkdir "$work/bin"
 for program in brisel brisel-tune; do
-    printf '#!/bin/sh\nexec %s/sim/board %s "$@"\n' "$PWD" "$program" >"$work/bin/$program"
+    printf '#!/bin/sh\nexec "%s/sim/board" %s "$@"\n' "$PWD" "$program" >"$work/bin/$program"
 done
 chmod +x "$work/bin"/*
 
@@ -28,11 +29,8 @@ esac >"$work/shown"
 
 # The commands alone, each after a line that shows it.
 {
-    # A page's own program is the one on the board, and its files are not left behind.
-    case $1 in
-    *.md) ;;
-    *) echo "PATH=$work/bin:\$PATH; cd $work" ;;
-    esac
+    # A manual's own program is the one on the board; files of the examples are not left behind.
+    echo "PATH=$work/bin:\$PATH; cd $work"
     sed -n "/^[\$#>] /{h;s/'/'\\\\''/g;s/.*/printf '%s\\\\n' '&'/;p;}" "$work/shown" >"$work/echoes"
     sed -n 's/^[$#>] //p' "$work/shown" >"$work/commands"
     # A command that goes on over several lines is echoed in whole before it.
