@@ -44,7 +44,7 @@ std::string machine() {
     utsname system{};
     uname(&system);
     const std::string name = std::string(system.nodename) + " (" + system.machine + ")";
-    return std::string(trimmed(model.substr(0, model.find('\0')) + " " + name));
+    return std::string(without_blanks(model.substr(0, model.find('\0')) + " " + name));
 }
 
 std::string utc_time() {

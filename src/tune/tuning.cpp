@@ -62,8 +62,8 @@ tuning_line parse_line(const knobs& all, std::string_view text) {
     if (equals == std::string_view::npos) {
         throw mistake("'" + std::string(text.substr(0, 40)) + "' is not NAME = VALUE");
     }
-    const knob& target = all.named(std::string(trimmed(text.substr(0, equals))));
-    return {&target, parse_value(target, trimmed(text.substr(equals + 1))), ""};
+    const knob& target = all.named(std::string(without_blanks(text.substr(0, equals))));
+    return {&target, parse_value(target, without_blanks(text.substr(equals + 1))), ""};
 }
 
 } // namespace
@@ -101,7 +101,7 @@ std::vector<tuning_line> parse_tuning(const knobs& all, const std::string& text,
     for (int number = 1; !rest.empty(); ++number) {
         const std::string_view whole = rest.substr(0, rest.find('\n'));
         rest.remove_prefix(std::min(whole.size() + 1, rest.size()));
-        const std::string_view line = trimmed(whole.substr(0, whole.find('#')));
+        const std::string_view line = without_blanks(whole.substr(0, whole.find('#')));
         if (line.empty()) {
             continue;
         }

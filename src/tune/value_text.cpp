@@ -81,7 +81,7 @@ std::string joined(const std::vector<std::string>& pieces, const char* between) 
 
 } // namespace
 
-std::string_view trimmed(std::string_view text) {
+std::string_view without_blanks(std::string_view text) {
     constexpr const char* blanks = " \t\r";
     const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
     return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
@@ -101,7 +101,7 @@ std::vector<std::uint32_t> parse_value(const knob& k, std::string_view text) {
         if (codes.size() == k.lanes.size()) {
             throw mistake(k.name() + " takes " + legal_values(k) + ", and there are more");
         }
-        codes.push_back(to_code(*k.lanes[codes.size()], trimmed(text.substr(0, comma))));
+        codes.push_back(to_code(*k.lanes[codes.size()], without_blanks(text.substr(0, comma))));
         if (comma == std::string_view::npos) {
             break;
         }

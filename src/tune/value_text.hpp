@@ -39,4 +39,4 @@ std::string to_line(const knob& k, const std::vector<std::uint32_t>& codes);
 std::string legal_values(const knob& k);
 
 /** The text without blanks around it. */
-std::string_view trimmed(std::string_view text);
+std::string_view without_blanks(std::string_view text);
