@@ -103,7 +103,8 @@ TEST(JsonText, HasItsQuotesMarked) {
 }
 
 TEST(SharedArray, NeedsMemory) {
-    EXPECT_THROW(shared_array<std::uint32_t>(std::numeric_limits<std::size_t>::max() / 8), mistake);
+    EXPECT_THROW(shared_array<std::uint32_t>(std::numeric_limits<std::size_t>::max() / 4 - 1),
+                 mistake);
 }
 
 TEST(WholeFile, LeavesTheFileAsItWasWhenItCannotBeWritten) {
