@@ -94,15 +94,21 @@ void put_back(const step& s, change_report& report) {
     const std::vector<setting> before = settings(s, &change::before);
     const std::optional<std::string> why = write_and_check(before);
     report.is_back = report.is_back && !why;
-    for (const reading& now : read_all(targets_of(before))) {
-        const knob& k = *now.source;
+    const std::vector<reading> now = read_all(targets_of(before));
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        const knob& k = *now[i].source;
         std::string line = k.name();
-        if (now.code) {
-            line += " = " + to_text(k, *now.code);
+        if (now[i].code) {
+            line += " = " + to_text(k, *now[i].code);
         } else {
-            line += " cannot be read: " + now.reason;
+            line += " cannot be read: " + now[i].reason;
         }
-        report.holds.push_back(line + (why ? " # not put back" : " # as before"));
+        if (why) {
+            line += " # not put back to " + to_text(k, before[i].code);
+        } else {
+            line += " # as before";
+        }
+        report.holds.push_back(line);
     }
 }
 
@@ -119,12 +125,15 @@ std::vector<change> changes_to(const std::vector<setting>& wanted,
     return changes;
 }
 
-change_report change_board(const std::vector<change>& changes) {
+void check_voltages(const std::vector<change>& changes) {
     for (const change& each : changes) {
         if (each.target->kind == knob_kind::regulator) {
             check_voltage(each);
         }
     }
+}
+
+change_report change_board(const std::vector<change>& changes) {
     change_report report;
     const std::vector<step> steps = steps_for(changes);
     const signals_held_back held_back;

@@ -21,6 +21,12 @@ struct change {
  */
 std::vector<change> changes_to(const std::vector<setting>& wanted, const std::vector<reading>& now);
 
+/**
+ * Looks whether regulators take what they are to be set to.
+ * @throw mistake for a voltage outside a regulator's limits
+ */
+void check_voltages(const std::vector<change>& changes);
+
 /** What became of changes. */
 struct change_report {
     std::string failure;            ///< empty where all is as wanted
@@ -36,6 +42,5 @@ struct change_report {
  * reverse order, the failing one included, since it may have taken effect.
  *
  * Signals that would end or stop the process wait meanwhile.
- * @throw mistake for a voltage outside a regulator's limits; nothing is written then
  */
 change_report change_board(const std::vector<change>& changes);

@@ -111,7 +111,7 @@ tune_status save_values(const knobs& all, const command_line& words) {
         say(each);
         head += "# " + each + "\n";
     }
-    if (words.output) {
+    if (words.output.value_or("-") != "-") {
         write_whole(*words.output, head + found.lines);
     } else {
         show(head + found.lines);

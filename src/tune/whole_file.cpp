@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string_view>
 
 #include <fcntl.h>
@@ -26,20 +27,37 @@ int write_all(int fd, std::string_view text) {
     return 0;
 }
 
+/** The permissions that new files do not get. */
+mode_t file_mask() {
+    const mode_t mask = umask(0); // which is only told by setting it
+    umask(mask);
+    return mask;
+}
+
 } // namespace
 
 void write_whole(const std::string& path, const std::string& text) {
-    std::string beside = path + ".XXXXXX";
+    std::string target = path;
+    mode_t mode = 0666 & ~file_mask();
+    struct stat existing {};
+    if (stat(path.c_str(), &existing) == 0) {
+        if (!S_ISREG(existing.st_mode)) {
+            throw mistake(path + ": not a regular file");
+        }
+        const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr),
+                                                               &std::free);
+        target = real.get(); // a link stays one
+        mode = existing.st_mode & 07777;
+    }
+    std::string beside = target + ".XXXXXX";
     const int fd = mkostemp(beside.data(), O_CLOEXEC);
     if (fd == -1) {
         throw mistake(path + ": " + std::strerror(errno));
     }
-    const mode_t mask = umask(0); // which is only told by setting it
-    umask(mask);
     int failure = write_all(fd, text);
-    failure |= fchmod(fd, 0666 & ~mask);
+    failure |= fchmod(fd, mode);
     failure |= fsync(fd);
-    const bool is_there = failure == 0 && std::rename(beside.c_str(), path.c_str()) == 0;
+    const bool is_there = failure == 0 && std::rename(beside.c_str(), target.c_str()) == 0;
     const int error = errno;
     close(fd);
     if (!is_there) {

@@ -42,6 +42,7 @@ tune_status bring_about(const std::vector<tuning_line>& lines, const command_lin
             std::all_of(now.begin(), now.end(), [](const reading& each) { return each.code; });
         if (readable) {
             changes = changes_to(wanted, now);
+            check_voltages(changes);
             if (!words.dry_run) {
                 report = change_board(changes);
             }
@@ -52,7 +53,11 @@ tune_status bring_about(const std::vector<tuning_line>& lines, const command_lin
         return tune_status::differs;
     }
     if (report.failure.empty()) {
-        show(shown(changes));
+        try {
+            show(shown(changes));
+        } catch (const mistake& problem) {
+            throw mistake(std::string(problem.what()) + (words.dry_run ? "" : "; all was set"));
+        }
         return words.dry_run && !changes.empty() ? tune_status::differs : tune_status::done;
     }
     say(report.failure);

@@ -73,7 +73,7 @@ TEST_P(FailingApply, LeavesTheOldTuningOrTheNewOneOrSaysWhatIsThere) {
             EXPECT_EQ(run.status, 2);
             // Before anything was written; else the report names what is not as before.
             if (now != both().before) {
-                EXPECT_THAT(run.err, testing::HasSubstr(" # not put back")) << now;
+                EXPECT_THAT(run.err, testing::HasSubstr(" # not put back to ")) << now;
             }
             break;
         }

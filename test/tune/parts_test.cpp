@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdint>
+#include <filesystem>
 #include <limits>
 #include <memory>
 #include <stdexcept>
@@ -120,7 +121,22 @@ TEST(WholeFile, LeavesTheFileAsItWasWhenItCannotBeWritten) {
     EXPECT_EQ(text_of(path), "before");
     write_whole(path, "after");
     EXPECT_EQ(text_of(path), "after");
-    EXPECT_THAT([&] { write_whole(dir.file("."), ""); }, testing::Throws<mistake>());
+    EXPECT_THAT([&] { write_whole(dir.file("."), ""); },
+                ThrowsMessage<mistake>(dir.file(".") + ": not a regular file"));
+    EXPECT_THAT([&] { write_whole(dir.file("none/tuning"), ""); },
+                ThrowsMessage<mistake>(dir.file("none/tuning") + ": No such file or directory"));
+}
+
+TEST(WholeFile, KeepsWhatTheFileWas) {
+    const temp_dir dir;
+    write_text(dir.file("tuning"), "before");
+    std::filesystem::permissions(dir.file("tuning"), std::filesystem::perms::owner_all);
+    std::filesystem::create_symlink("tuning", dir.file("link"));
+    write_whole(dir.file("link"), "after");
+    EXPECT_TRUE(std::filesystem::is_symlink(dir.file("link")));
+    EXPECT_EQ(text_of(dir.file("tuning")), "after");
+    EXPECT_EQ(std::filesystem::status(dir.file("tuning")).permissions(),
+              std::filesystem::perms::owner_all);
 }
 
 /** Registers everything for the length of the program, as its main does. */

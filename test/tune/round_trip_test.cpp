@@ -97,6 +97,12 @@ TEST(Save, NamesEachGroupBeforeItIsRead) {
               "reading orlin-ddr\nreading pelune-ddr\nreading regulator\n");
 }
 
+TEST(Save, ShowsATuningThatGoesToStandardInputsName) {
+    const board on_board;
+    EXPECT_THAT(run_tune(on_board, {"save", "-o", "-", "mmc"}).out,
+                testing::EndsWith("\nmmc::rdqs = 40\n"));
+}
+
 TEST(Save, ReplacesAFileAsAWhole) {
     const board on_board(board_setup().file("/tmp/saved", "something else, and longer than that"));
     const std::string file = on_board.path("/tmp/saved");

@@ -9,6 +9,7 @@
 
 #include "catalogue/table.hpp"
 #include "cli/texts.hpp"
+#include "support/text_file.hpp"
 #include "tune/tune_case.hpp"
 
 // Standard output that is closed, full or not read: a result that nobody gets is an error.
@@ -35,6 +36,14 @@ TEST(TuneOutput, ThatIsLostIsAnError) {
     EXPECT_EQ(messages_with(on_board, on_board.launch({"list"}, "brisel-tune"), full, 2),
               "brisel-tune: standard output: No space left on device\n");
     EXPECT_EQ(run_without_readers(get), 2);
+    const program_start set = on_board.launch({"set", "mac-tx::delay=4"}, "brisel-tune");
+    EXPECT_EQ(messages_with(on_board, set, full, 2),
+              "brisel-tune: standard output: No space left on device; all was set\n");
+    write_text(on_board.path("/tmp/tuning"), "mac-tx::delay = 5\n");
+    const program_start dry_run =
+        on_board.launch({"apply", "-n", on_board.path("/tmp/tuning")}, "brisel-tune");
+    EXPECT_EQ(messages_with(on_board, dry_run, full, 2),
+              "brisel-tune: standard output: No space left on device\n");
 }
 
 TEST(TuneOutput, OfTheHelpNamesEveryCommand) {

@@ -221,6 +221,11 @@ const std::vector<tune_case> mistake_cases = {
      .status = 2,
      .accesses = {"read 0x10040004 0x00200001"},
      .files = {{cpu_file, "1000000\n"}}},
+    {.name = "VoltageOutsideTheLimitsIsAMistakeInADryRun",
+     .args = {"apply", "-n", tuning_file},
+     .tuning = cpu + " = 1300001\n",
+     .err = cpu + ": 1300001 is outside the regulator's limits, 800000 to 1300000\n",
+     .status = 2},
     {.name = "VoltageBelowTheLimitsOfTheRegulatorWritesNothing",
      .args = {"set", cpu + "=799999"},
      .err = cpu + ": 799999 is outside the regulator's limits, 800000 to 1300000\n",
@@ -334,9 +339,9 @@ const std::vector<tune_case> fault_cases_of_tune = {
      .err = "map /dev/zeb_mem for address 0x10040008 failed: Operation not permitted\n"
             "not everything could be put back:\n"
             "mac-rx::delay cannot be read: map /dev/zeb_mem for address 0x10040008 failed: "
-            "Operation not permitted # not put back\n"
+            "Operation not permitted # not put back to 5\n"
             "mac-tx::delay cannot be read: map /dev/zeb_mem for address 0x10040004 failed: "
-            "Operation not permitted # not put back\n",
+            "Operation not permitted # not put back to 2\n",
      .status = 2,
      .accesses = {"read 0x10040004 0x00200001", "read 0x10040008 0x00500001",
                   "read 0x10040004 0x00200001", "write 0x10040004 0x00400001",
