@@ -57,10 +57,12 @@ void write_whole(const std::string& path, const std::string& text) {
     int failure = write_all(fd, text);
     failure |= fchmod(fd, mode);
     failure |= fsync(fd);
-    const bool is_there = failure == 0 && std::rename(beside.c_str(), target.c_str()) == 0;
+    if (failure == 0) {
+        failure = std::rename(beside.c_str(), target.c_str());
+    }
     const int error = errno;
     close(fd);
-    if (!is_there) {
+    if (failure != 0) {
         unlink(beside.c_str());
         throw mistake(path + ": " + std::strerror(error));
     }
