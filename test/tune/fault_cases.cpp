@@ -1,0 +1,139 @@
+#include "cli/texts.hpp"
+#include "tune/tune_case.hpp"
+
+const std::vector<tune_case> fault_cases_of_tune = {
+    {.name = "NodeThatCannotBeOpenedIsOneErrorBeforeAnythingElse",
+     .args = {"get", "mac", "mmc"},
+     .board = board_setup().fault("no-open /dev/zeb_mem EACCES"),
+     .err = "cannot open /dev/zeb_mem: Permission denied\n",
+     .status = 2},
+    {.name = "FilesNeedNoNode",
+     .args = {"get", "mmc"},
+     .board = board_setup().fault("no-open /dev/zeb_mem EACCES"),
+     .out = "mmc::rdqs = 40\n"},
+    {.name = "PropertyThatCannotBeReadDoesNotStopTheOthers",
+     .args = {"get", "mac"},
+     .board = board_setup().fault("no-map 0x10040008").fault("no-map 0x10040008"),
+     .err =
+         "mac-rx::delay: map /dev/zeb_mem for address 0x10040008 failed: Operation not permitted\n"
+         "mac-tx::delay: map /dev/zeb_mem for address 0x10040004 failed: Operation not permitted\n",
+     .status = 1},
+    {.name = "RegisterThatCannotBeReadIsReportedOnce",
+     .args = {"apply", tuning_file},
+     .tuning = "i2c0-delay::sda-delay = 1\ni2c0-delay::scl-delay = 2\nmmc::rdqs = 50\n",
+     .board = board_setup().fault("no-map 0x10090110"),
+     .err = "i2c0-delay::sda-delay: map /dev/zeb_mem for address 0x10090110 failed: Operation not "
+            "permitted\nnothing was written\n",
+     .status = 1,
+     .files = {{rdqs_file, "40\n"}}},
+    {.name = "LineAboutDebugfsIsShownWhereItIsAskedFor",
+     .args = {"get", "mmc", "cpu_regulator::microvolts"},
+     .board = board_setup().fault("no-open " + rdqs_file),
+     .out = "cpu_regulator::microvolts = 1000000\n",
+     .err = "mmc::rdqs: open /sys/kernel/debug/mmc0/rdqs failed.\n",
+     .status = 1},
+    {.name = "AndNowhereElse",
+     .args = {"get", "cpu_regulator::microvolts"},
+     .board = board_setup().fault("no-open " + rdqs_file),
+     .out = "cpu_regulator::microvolts = 1000000\n"},
+    {.name = "RegulatorsFileThatMakesNoSense",
+     .args = {"get", "cpu_regulator::microvolts"},
+     .board = board_setup().file("/sys/class/regulator/regulator.1/max_microvolts", "much"),
+     .err = "cpu_regulator::microvolts: a file in /sys/class/regulator/regulator.1 holds no number "
+            "of 32 bits\n",
+     .status = 1},
+    {.name = "RegulatorsFileThatIsMissing",
+     .args = {"get", "cpu_regulator::microvolts"},
+     .board = board_setup().fault("no-open /sys/class/regulator/regulator.1/max_microvolts"),
+     .err = "cpu_regulator::microvolts: a file in /sys/class/regulator/regulator.1 cannot be read, "
+            "or the voltage is negative\n",
+     .status = 1},
+    {.name = "WhatDoesNotReadBackIsPutBackInReverse",
+     .args = {"set", "mac-tx::delay=4", "mac-rx::delay=6"},
+     .board = board_setup().fault("stuck mac-rx::delay 2"),
+     .err = "mac-rx::delay was set to 6 and holds 4\n"
+            "all was put back:\n"
+            "mac-rx::delay = 5 # as before\n"
+            "mac-tx::delay = 2 # as before\n",
+     .status = 1,
+     .accesses = {"read 0x10040004 0x00200001",  "read 0x10040008 0x00500001",
+                  "read 0x10040004 0x00200001",  "write 0x10040004 0x00400001",
+                  "read 0x10040004 0x00400001",  "read 0x10040004 0x00400001",
+                  "read 0x10040008 0x00500001",  "write 0x10040008 0x00600001",
+                  "read 0x10040008 0x00400001",  "read 0x10040008 0x00400001",
+                  "read 0x10040008 0x00400001",  "write 0x10040008 0x00500001",
+                  "read 0x10040008 0x00500001",  "read 0x10040008 0x00500001",
+                  "read 0x10040008 0x00500001",  "read 0x10040004 0x00400001",
+                  "write 0x10040004 0x00200001", "read 0x10040004 0x00200001",
+                  "read 0x10040004 0x00200001",  "read 0x10040004 0x00200001"}},
+    {.name = "WhatCannotBeReadBackIsPutBack",
+     .args = {"set", "mac-tx::delay=4"},
+     .board = board_setup().fault("fail mmap 5"),
+     .err = "map /dev/zeb_mem for address 0x10040004 failed: Operation not permitted\n"
+            "all was put back:\n"
+            "mac-tx::delay = 2 # as before\n",
+     .status = 1,
+     .accesses = {"read 0x10040004 0x00200001", "read 0x10040004 0x00200001",
+                  "write 0x10040004 0x00400001", "read 0x10040004 0x00400001",
+                  "read 0x10040004 0x00400001", "write 0x10040004 0x00200001",
+                  "read 0x10040004 0x00200001", "read 0x10040004 0x00200001",
+                  "read 0x10040004 0x00200001"}},
+    {.name = "SetThatCannotBeReadIsReportedOnce",
+     .args = {"get", lanes},
+     .board = board_setup().fault("no-map 0x1a419000"),
+     .err = "pelune-ddr-read1::dq: map /dev/zeb_mem for address 0x1a41912c failed: Operation not "
+            "permitted\n",
+     .status = 1},
+    {.name = "VoltageThatIsNotTakenIsRefused",
+     .args = {"set", "cpu_regulator::microvolts=900000"},
+     .board = board_setup().fault("no-write /sys/class/regulator/regulator.1/microvolts"),
+     .err = "cpu_regulator::microvolts was set to 900000 and holds 1000000\n"
+            "all was put back:\n"
+            "cpu_regulator::microvolts = 1000000 # as before\n",
+     .status = 1},
+    {.name = "RdqsThatCannotBeWrittenIsRefused",
+     .args = {"set", "mmc::rdqs=50"},
+     .board = board_setup().fault("no-write " + rdqs_file),
+     .err = "mmc::rdqs was set to 50 and holds 40\n"
+            "all was put back:\n"
+            "mmc::rdqs = 40 # as before\n",
+     .status = 1},
+    {.name = "WhatCannotBePutBackIsNamed",
+     .args = {"set", "mac-tx::delay=4", "mac-rx::delay=6"},
+     .board = board_setup().fault("fail mmap 9+"),
+     .err = "map /dev/zeb_mem for address 0x10040008 failed: Operation not permitted\n"
+            "not everything could be put back:\n"
+            "mac-rx::delay cannot be read: map /dev/zeb_mem for address 0x10040008 failed: "
+            "Operation not permitted # not put back to 5\n"
+            "mac-tx::delay cannot be read: map /dev/zeb_mem for address 0x10040004 failed: "
+            "Operation not permitted # not put back to 2\n",
+     .status = 2,
+     .accesses = {"read 0x10040004 0x00200001", "read 0x10040008 0x00500001",
+                  "read 0x10040004 0x00200001", "write 0x10040004 0x00400001",
+                  "read 0x10040004 0x00400001", "read 0x10040004 0x00400001",
+                  "read 0x10040008 0x00500001", "write 0x10040008 0x00600001"}},
+    {.name = "DifferenceThatCannotBeReadIsOneInAnyCase",
+     .args = {"diff", tuning_file},
+     .tuning = "mac-tx::delay = 2\nmac-rx::delay = 5\n",
+     .board = board_setup().fault("no-map 0x10040004"),
+     .err = "mac-tx::delay: map /dev/zeb_mem for address 0x10040004 failed: Operation not "
+            "permitted\nmac-rx::delay: map /dev/zeb_mem for address 0x10040008 failed: Operation "
+            "not permitted\n",
+     .status = 1},
+    {.name = "RegulatorWithoutLimitsIsNotSet",
+     .args = {"set", "cpu_regulator::microvolts=900000"},
+     .board = board_setup().fault("fail open 8"),
+     .err = "cpu_regulator::microvolts: a file in /sys/class/regulator/regulator.1 cannot be read, "
+            "or the voltage is negative\n",
+     .status = 2},
+    {.name = "LockThatCannotBeTaken",
+     .args = {"get", "mmc"},
+     .board = board_setup().fault("no-lock /tmp/brisel.lock"),
+     .err = "cannot lock /tmp/brisel.lock: No locks available\n",
+     .status = 2},
+    {.name = "LockFileThatCannotBeOpened",
+     .args = {"get", "mmc"},
+     .board = board_setup().fault("no-open /tmp/brisel.lock EACCES"),
+     .err = "cannot open /tmp/brisel.lock: Permission denied\n",
+     .status = 2},
+};
