@@ -21,7 +21,7 @@ import mutations
 PROJECT = Path(__file__).resolve().parent.parent.parent
 GOAL = 97  # percent
 
-TABLE_ROWS = "*/CommandLine.*"  # of the command-line table, in cli_test
+TABLE_ROWS = "*CommandLine.*"  # of the table of command lines, in cli_test and tune_test
 
 
 @dataclasses.dataclass(frozen=True)
@@ -39,15 +39,18 @@ def google_test(name, rows=None):
 def fast_tests(tree):
     """Those that start no other program, and take less than a second each."""
     names = re.findall(r"brisel_test\((\w+)\n", (tree / "test/CMakeLists.txt").read_text())
-    return [google_test(name) for name in names if name not in ("cli_test", "sim_test")]
+    slow = ("cli_test", "sim_test", "tune_test")
+    return [google_test(name) for name in names if name not in slow]
 
 
-# In the order in which they get slower.
-SLOW_TESTS = [
-    google_test("cli_test", rows=TABLE_ROWS),
-    google_test("cli_test", rows="-" + TABLE_ROWS),
-    Test("all", ("ctest", "-R", "^all_freed$", "--no-tests=error")),
-]
+def slow_tests(path):
+    """Those that run the program that a source is for, in the order in which they get slower."""
+    program_test = "tune_test" if path.startswith("src/tune/") else "cli_test"
+    return [
+        google_test(program_test, rows=TABLE_ROWS),
+        google_test(program_test, rows="-" + TABLE_ROWS),
+        Test("all", ("ctest", "-R", "^all_freed", "--no-tests=error")),
+    ]
 
 
 def update_file(path, data):
@@ -113,9 +116,10 @@ class Workshop:
                 os.killpg(process.pid, signal.SIGKILL)  # what it left running
             process.wait()
 
-    def prove_tests(self):
-        """Sees every test pass on the unchanged sources, and measures how long each takes."""
-        for test in self.fast_tests + SLOW_TESTS:
+    def prove_tests(self, paths):
+        """Sees the tests of these sources pass as they are, and measures how long each takes."""
+        slow = [test for path in paths for test in slow_tests(path)]
+        for test in dict.fromkeys(self.fast_tests + slow):
             if not self.build(test.target):
                 sys.exit(f"{test.target} does not build from the sources as they are")
             began = time.monotonic()
@@ -130,7 +134,7 @@ class Workshop:
         source = path.read_text()
         path.write_text(source[: mutant.start] + mutant.replacement + source[mutant.end :])
         try:
-            for test in fast + SLOW_TESTS:
+            for test in fast + slow_tests(mutant.path):
                 if not self.build(test.target):
                     return "unbuilt"
                 if not self.passes(test):
@@ -199,7 +203,7 @@ def main():
 
     print("building the tests and running them on the sources as they are", flush=True)
     workshop.configure()
-    workshop.prove_tests()
+    workshop.prove_tests({mutant.path for mutant in mutants})
     results = judge_all(workshop, mutants)
 
     killed, counted = results["killed"], results["killed"] + results["survived"]
