@@ -91,19 +91,6 @@ bool property_regulator_voltage::get(std::string& value) {
     return true;
 }
 
-bool property_regulator_voltage::get_limits(std::uint32_t& min, std::uint32_t& max) {
-    if (!load_limits()) {
-        return false;
-    }
-    min = m_min_uv;
-    max = m_max_uv;
-    return true;
-}
-
-bool property_regulator_voltage::write_microvolts(std::int32_t microvolts) {
-    return _fileintwrite(m_path + microvolts_file, microvolts);
-}
-
 bool property_regulator_voltage::load_limits() {
     if (!m_limits_loaded) {
         m_limits_loaded = read_voltage(m_base_uv) && read_limit(min_microvolts_file, m_min_uv) &&

@@ -39,16 +39,6 @@ public:
      */
     bool get(std::string& value) override;
 
-    /**
-     * The regulator's own limits in microvolts, read at the first use.
-     * @return false when a file cannot be opened or the voltage is negative
-     * @throw as `get`
-     */
-    bool get_limits(std::uint32_t& min, std::uint32_t& max);
-
-    /** Hands a voltage to the regulator as it is: neither rounded nor held against the limits. */
-    bool write_microvolts(std::int32_t microvolts);
-
     const std::string& path() const { return m_path; }
     double min_percent() const { return m_min_percent; }
     double max_percent() const { return m_max_percent; }

@@ -6,8 +6,6 @@
 #include <optional>
 
 #include "tune/child.hpp"
-#include "tune/mistake.hpp"
-#include "tune/shared_array.hpp"
 #include "tune/value_text.hpp"
 
 namespace {
@@ -70,45 +68,21 @@ std::vector<setting> settings(const step& s, std::uint32_t change::*side) {
     return result;
 }
 
-void check_voltage(const change& wanted) {
-    const shared_array<std::uint32_t> limits(2);
-    const auto read_limits = [&] {
-        const auto [min, max] = voltage_limits(*wanted.target);
-        limits[0] = min;
-        limits[1] = max;
-    };
-    const std::optional<std::string> why = run_in_child(read_limits);
-    const std::string name = wanted.target->name();
-    if (why) {
-        throw mistake(name + ": " + *why);
-    }
-    if (wanted.after < limits[0] || wanted.after > limits[1]) {
-        throw mistake(name + ": " + std::to_string(wanted.after) +
-                      " is outside the regulator's limits, " + std::to_string(limits[0]) + " to " +
-                      std::to_string(limits[1]));
-    }
-}
-
 /** Puts a step back, and reports what its properties hold then. */
 void put_back(const step& s, change_report& report) {
     const std::vector<setting> before = settings(s, &change::before);
-    const std::optional<std::string> why = write_and_check(before);
-    report.is_back = report.is_back && !why;
+    const auto write = [&] { write_codes(before); };
+    run_in_child(
+        write); // whether it did is seen from what they hold: they may have had it all along
     const std::vector<reading> now = read_all(targets_of(before));
     for (std::size_t i = 0; i < now.size(); ++i) {
         const knob& k = *now[i].source;
-        std::string line = k.name();
-        if (now[i].code) {
-            line += " = " + to_text(k, *now[i].code);
-        } else {
-            line += " cannot be read: " + now[i].reason;
-        }
-        if (why) {
-            line += " # not put back to " + to_text(k, before[i].code);
-        } else {
-            line += " # as before";
-        }
-        report.holds.push_back(line);
+        const bool is_back = now[i].code == before[i].code;
+        report.is_back = report.is_back && is_back;
+        report.holds.push_back(
+            k.name() +
+            (now[i].code ? " = " + to_text(k, *now[i].code) : " cannot be read: " + now[i].reason) +
+            (is_back ? " # as before" : " # not put back to " + to_text(k, before[i].code)));
     }
 }
 
@@ -125,12 +99,16 @@ std::vector<change> changes_to(const std::vector<setting>& wanted,
     return changes;
 }
 
-void check_voltages(const std::vector<change>& changes) {
-    for (const change& each : changes) {
-        if (each.target->kind == knob_kind::regulator) {
-            check_voltage(each);
-        }
+std::string voltage_mistake(const change& wanted) {
+    if (wanted.target->kind != knob_kind::regulator) {
+        return "";
     }
+    const auto [least, most] = voltage_limits(*wanted.target);
+    if (least <= wanted.after && wanted.after <= most) {
+        return "";
+    }
+    return std::to_string(wanted.after) + " is outside the limits of " + wanted.target->name() +
+           ", " + std::to_string(least) + " to " + std::to_string(most);
 }
 
 change_report change_board(const std::vector<change>& changes) {

@@ -22,10 +22,10 @@ struct change {
 std::vector<change> changes_to(const std::vector<setting>& wanted, const std::vector<reading>& now);
 
 /**
- * Looks whether regulators take what they are to be set to.
- * @throw mistake for a voltage outside a regulator's limits
+ * What is wrong with a change of a voltage: it is outside the regulator's limits. Empty for others.
+ * @throw mistake when the limits cannot be read
  */
-void check_voltages(const std::vector<change>& changes);
+std::string voltage_mistake(const change& wanted);
 
 /** What became of changes. */
 struct change_report {

@@ -14,7 +14,6 @@
 
 #include "base/output_stream.hpp"
 #include "tune/lock.hpp"
-#include "tune/mistake.hpp"
 
 namespace {
 
@@ -43,12 +42,8 @@ std::string read_to_end(int fd) {
     return text;
 }
 
-/** The result of a call; the error that it made. */
-int checked(int result) {
-    if (result == -1) {
-        throw mistake(std::string("no child process: ") + std::strerror(errno));
-    }
-    return result;
+std::string no_child() {
+    return std::string("no child process: ") + std::strerror(errno);
 }
 
 std::string reason(int status, std::string said) {
@@ -80,15 +75,20 @@ bool write_standard_stream(standard_stream, std::string_view text) {
 
 std::optional<std::string> run_in_child(const std::function<void()>& work) {
     int ends[2];
-    checked(pipe2(ends, O_CLOEXEC));
-    const pid_t child = checked(fork());
+    if (pipe2(ends, O_CLOEXEC) == -1) {
+        return no_child();
+    }
+    const pid_t child = fork();
     if (child == 0) {
         to_parent = ends[1];
         be_child(work);
     }
     close(ends[1]);
-    const std::string said = read_to_end(ends[0]);
+    const std::string said = child == -1 ? no_child() : read_to_end(ends[0]);
     close(ends[0]);
+    if (child == -1) {
+        return said;
+    }
     int status = 0;
     waitpid(child, &status, 0);
     if (status == 0) {

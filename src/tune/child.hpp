@@ -12,7 +12,7 @@
 
 /**
  * Runs a piece of work in a child of this process, which holds no lock and leaves no core.
- * @throw mistake when there can be no child
- * @return nothing when it was done; else why not: what the child threw or said, or how it ended
+ * @return nothing when it was done; else why not: what the child threw or said, how it ended, or
+ * why there was none
  */
 std::optional<std::string> run_in_child(const std::function<void()>& work);

@@ -3,11 +3,16 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <sstream>
 
 #include "tune/mistake.hpp"
+#include "tune/text.hpp"
 
 void say(const std::string& text) {
-    std::fprintf(stderr, "brisel-tune: %s\n", text.c_str());
+    std::istringstream lines(printable(text));
+    for (std::string line; std::getline(lines, line);) {
+        std::fprintf(stderr, "brisel-tune: %s\n", line.c_str());
+    }
 }
 
 void show(const std::string& text) {

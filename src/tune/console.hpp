@@ -7,7 +7,9 @@
  * released: a console that blocks must not stop it between two writes.
  */
 
-/** Says something on standard error at once, behind the program's name; never while a value is set.
+/**
+ * Says something on standard error at once, the program's name before each of its lines; what is
+ * not printable ASCII as \xNN. Never while a value is set.
  */
 void say(const std::string& text);
 

@@ -4,6 +4,7 @@
 #include "tune/board_hold.hpp"
 #include "tune/commands.hpp"
 #include "tune/console.hpp"
+#include "tune/read_text.hpp"
 #include "tune/table.hpp"
 #include "tune/tuning.hpp"
 #include "tune/value_text.hpp"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <memory>
 #include <set>
 
 #include <fcntl.h>
@@ -33,10 +34,28 @@ struct shared_reading {
     bool done;
 };
 
+/**
+ * Room for so many readings, none done. A command begins with the reading of all that it asks for;
+ * what it reads later takes no memory, and so cannot fail for want of it between two writes.
+ * @throw mistake when there is not so much memory
+ */
+const shared_array<shared_reading>& room_for(std::size_t count) {
+    static std::unique_ptr<shared_array<shared_reading>> room;
+    static std::size_t size = 0;
+    if (!room || size < count) {
+        room = std::make_unique<shared_array<shared_reading>>(count);
+        size = count;
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        (*room)[i].done = false;
+    }
+    return *room;
+}
+
 } // namespace
 
 std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
-    const shared_array<shared_reading> shared(knobs.size());
+    const shared_array<shared_reading>& shared = room_for(knobs.size());
     std::vector<reading> readings;
     std::set<const reg_info*> dead;
     while (readings.size() < knobs.size()) {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <limits>
-#include <optional>
 #include <stdexcept>
 #include <typeinfo>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "property/property_set.hpp"
 #include "reg/reg_bitmask_map.hpp"
 #include "reg/reg_bitmask_ro.hpp"
+#include "tune/number_file.hpp"
 
 namespace {
 
@@ -59,18 +59,9 @@ property_regulator_voltage& regulator_of(const knob& k) {
     return dynamic_cast<property_regulator_voltage&>(*k.property_of);
 }
 
-/** What is taken from a regulator's files, or why there is none. */
-template <class Read>
-auto with_reason(const knob& regulator, const Read& read) {
-    const char* what = " cannot be read, or the voltage is negative";
-    try {
-        if (const auto found = read()) {
-            return *found;
-        }
-    } catch (const std::logic_error&) { // of the conversion
-        what = " holds no number of 32 bits";
-    }
-    throw std::runtime_error("a file in " + file_name(regulator) + what);
+/** The file that holds the number of a file or a regulator. */
+std::string number_file(const knob& k) {
+    return k.kind == knob_kind::file ? file_name(k) : file_name(k) + "/microvolts";
 }
 
 /** What is set beside the bits of a field whenever it is written. */
@@ -128,41 +119,23 @@ std::uint32_t read_code(const knob& k) {
     if (k.in_register()) {
         return k.reg->load(k.field) >> k.field->shift() & k.field->mask();
     }
-    if (k.kind == knob_kind::file && !file_of(k).read_update()) {
-        throw std::runtime_error(""); // it has said why
-    }
-    if (k.kind == knob_kind::file) {
-        std::string text;
-        k.property_of->get(text);
-        return static_cast<std::uint32_t>(std::stoul(text));
-    }
-    return with_reason(k, [&] {
-        std::string text;
-        return k.property_of->get(text)
-                   ? std::optional(static_cast<std::uint32_t>(std::stoul(text)))
-                   : std::nullopt;
-    });
+    return read_number(number_file(k), k.least(), k.most());
 }
 
 std::pair<std::uint32_t, std::uint32_t> voltage_limits(const knob& regulator) {
-    return with_reason(regulator, [&] {
-        std::uint32_t min = 0;
-        std::uint32_t max = 0;
-        return regulator_of(regulator).get_limits(min, max) ? std::optional(std::pair(min, max))
-                                                            : std::nullopt;
-    });
+    const auto read_limit = [&](const char* file) {
+        return read_number(file_name(regulator) + file, 0, regulator.most());
+    };
+    return {read_limit("/min_microvolts"), read_limit("/max_microvolts")};
 }
 
 void write_codes(const std::vector<setting>& settings) {
     for (const auto& [k, code] : settings) {
-        if (k->kind == knob_kind::regulator) {
-            regulator_of(*k).write_microvolts(static_cast<std::int32_t>(code));
-        } else if (k->kind == knob_kind::file) {
-            file_of(*k).read_update(); // the last reading may have been of another value
-            k->property_of->set(std::to_string(code));
-        } else {
+        if (k->in_register()) {
             k->reg->store(k->field,
                           k->field->apply_subval(k->reg->load(k->field), code | beside(*k)));
+        } else {
+            write_number(number_file(*k), code);
         }
     }
     if (settings.front().target->in_register()) {

@@ -64,7 +64,9 @@ const std::string& file_name(const knob& k);
  */
 std::uint32_t read_code(const knob& k);
 
-/** The lowest and the highest voltage that a regulator takes, in microvolts. Throws as `read_code`.
+/**
+ * The lowest and the highest voltage that a regulator takes, in microvolts.
+ * @throw mistake with the file and the reason
  */
 std::pair<std::uint32_t, std::uint32_t> voltage_limits(const knob& regulator);
 

@@ -1,6 +1,8 @@
 #include "tune/knobs.hpp"
 
 #include <algorithm>
+#include <cctype>
+#include <numeric>
 #include <set>
 
 #include <fnmatch.h>
@@ -9,25 +11,32 @@
 #include "property/property_group.hpp"
 #include "property/property_set.hpp"
 #include "tune/mistake.hpp"
+#include "tune/text.hpp"
 
 namespace {
 
-/** How many characters have to be added, dropped or replaced to make one text of the other. */
-std::size_t distance(const std::string& a, const std::string& b) {
+bool same_letter(char a, char b) {
+    const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+    return lower(a) == lower(b);
+}
+
+/**
+ * How many characters of one text have to be added, dropped or replaced, capital or not, to make it
+ * the beginning of the other one; and then, to make it the whole of it.
+ */
+std::pair<std::size_t, std::size_t> distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j) {
-        row[j] = j;
-    }
+    std::iota(row.begin(), row.end(), 0);
     for (std::size_t i = 1; i <= a.size(); ++i) {
         std::size_t diagonal = row[0];
         row[0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
+            const std::size_t replaced = diagonal + (same_letter(a[i - 1], b[j - 1]) ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
         }
     }
-    return row.back();
+    return {*std::min_element(row.begin(), row.end()), row.back()};
 }
 
 } // namespace
@@ -49,10 +58,13 @@ knobs::knobs() {
 
 const knob& knobs::named(const std::string& name) const {
     const auto entry = m_by_name.find(name);
-    if (entry == m_by_name.end()) {
-        fail(name);
+    if (entry != m_by_name.end()) {
+        return *entry->second;
     }
-    return *entry->second;
+    if (property_group::get_groups().contains(name)) {
+        throw mistake(in_quotes(name) + " is a group: name one of its properties");
+    }
+    fail("property", name);
 }
 
 std::vector<const knob*> knobs::chosen(const std::vector<std::string>& names) const {
@@ -71,7 +83,7 @@ std::vector<const knob*> knobs::chosen(const std::vector<std::string>& names) co
         if (!add([&](const knob& k) { return k.name() == name; }) &&
             !add([&](const knob& k) { return k.group == name; }) &&
             !add([&](const knob& k) { return fnmatch(name.c_str(), k.name().c_str(), 0) == 0; })) {
-            fail(name);
+            fail("property, group or pattern", name);
         }
     }
     std::set<const knob*> in_sets;
@@ -87,15 +99,20 @@ std::vector<const knob*> knobs::chosen(const std::vector<std::string>& names) co
     return result;
 }
 
-void knobs::fail(const std::string& name) const {
-    const std::string start = name.substr(0, 40);
-    std::vector<std::pair<std::size_t, std::string>> near;
+void knobs::fail(const std::string& what, const std::string& name) const {
+    std::vector<std::pair<std::pair<std::size_t, std::size_t>, std::string>> near;
+    const auto add = [&](const std::string& other) {
+        near.emplace_back(distance(name.substr(0, 100), other), other);
+    };
     for (const knob& k : m_all) {
-        near.emplace_back(distance(start, k.name()), k.name());
+        add(k.name());
+    }
+    for (const auto& [group_name, group] : property_group::get_groups()) {
+        add(group_name);
     }
     std::partial_sort(near.begin(), near.begin() + 3, near.end());
-    throw mistake("no property, group or pattern: '" + start + "'; near are " + near[0].second +
-                  ", " + near[1].second + " and " + near[2].second);
+    throw mistake("no " + what + ": " + in_quotes(name) + "; near are " + near[0].second + ", " +
+                  near[1].second + " and " + near[2].second);
 }
 
 std::vector<const knob*> parts_of(const std::vector<const knob*>& chosen) {

@@ -28,7 +28,7 @@ public:
     std::vector<const knob*> chosen(const std::vector<std::string>& names) const;
 
 private:
-    [[noreturn]] void fail(const std::string& name) const;
+    [[noreturn]] void fail(const std::string& what, const std::string& name) const;
 
     std::deque<knob> m_all;
     std::map<std::string, const knob*> m_by_name;

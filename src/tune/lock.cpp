@@ -16,7 +16,7 @@
 #include "process/instance_lock.hpp"
 #include "tune/console.hpp"
 #include "tune/mistake.hpp"
-#include "tune/tuning.hpp"
+#include "tune/read_text.hpp"
 
 namespace {
 

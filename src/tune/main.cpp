@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -16,18 +17,11 @@
 #include "tune/commands.hpp"
 #include "tune/console.hpp"
 #include "tune/mistake.hpp"
+#include "tune/text.hpp"
 
 namespace {
 
-constexpr const char* usage = R"(brisel-tune COMMAND [ARGUMENT...]
-
-  list [--json] [NAME...]              what can be tuned, and within which limits
-  get NAME...                          present values
-  set NAME=VALUE...                    sets all of these, or none
-  save [-o FILE] NAME... | --all       notes a tuning
-  diff FILE [FILE]                     compares a tuning with the board, or with another one
-  apply [-n] FILE                      sets what differs, or nothing; -n shows what it would set
-
+constexpr const char* usage_end = R"(
   --wait SECONDS   how long to wait for another instance (default: as long as it takes)
   -h, --help       this text
   --version        the version
@@ -40,6 +34,8 @@ input. Exit status: 0 done; 1 a difference, a value that cannot be read, or all 
 /** A command, its work, how many operands it takes, and the options beside --wait. */
 struct command {
     std::string_view name;
+    const char* operands;
+    const char* help;
     tune_status (*run)(const knobs&, const command_line&);
     std::size_t least;
     std::size_t most;
@@ -49,10 +45,30 @@ struct command {
 constexpr std::size_t any_number = std::numeric_limits<std::size_t>::max();
 
 constexpr command commands[] = {
-    {"list", list_knobs, 0, any_number, "j"}, {"get", get_values, 1, any_number, ""},
-    {"set", set_values, 1, any_number, ""},   {"save", save_values, 0, any_number, "oa"},
-    {"diff", show_differences, 1, 2, ""},     {"apply", apply_tuning, 1, 1, "n"},
+    {"list", "[--json] [NAME...]", "what can be tuned, and within which limits", list_knobs, 0,
+     any_number, "j"},
+    {"get", "NAME...", "present values", get_values, 1, any_number, ""},
+    {"set", "NAME=VALUE...", "sets all of these, or none", set_values, 1, any_number, ""},
+    {"save", "[-o FILE] NAME... | --all", "notes a tuning", save_values, 0, any_number, "oa"},
+    {"diff", "FILE [FILE]", "compares a tuning with the board, or with another one",
+     show_differences, 1, 2, ""},
+    {"apply", "[-n] FILE", "sets what differs, or nothing; -n shows what it would set",
+     apply_tuning, 1, 1, "n"},
 };
+
+std::string synopsis(const command& c) {
+    return std::string(c.name).append(" ").append(c.operands);
+}
+
+std::string usage() {
+    std::string text = "brisel-tune COMMAND [ARGUMENT...]\n\n";
+    for (const command& each : commands) {
+        std::string line = synopsis(each);
+        line.resize(34, ' ');
+        text += "  " + line + each.help + "\n";
+    }
+    return text + usage_end;
+}
 
 const command& command_named(const std::string& name) {
     for (const command& each : commands) {
@@ -60,16 +76,23 @@ const command& command_named(const std::string& name) {
             return each;
         }
     }
-    throw mistake("no such command: '" + name + "'; see brisel-tune --help");
+    throw mistake("no such command: " + in_quotes(name) + "; see brisel-tune --help");
 }
 
 double to_seconds(const char* text) {
     char* end = nullptr;
     const double seconds = std::strtod(text, &end);
     if (end == text || *end != '\0' || !(seconds >= 0 && seconds < 1e9)) {
-        throw mistake(std::string("--wait takes a number of seconds, not '") + text + "'");
+        throw mistake("--wait takes a number of seconds, not " + in_quotes(text));
     }
     return seconds;
+}
+
+/** The option that getopt does not know: a letter, which may stand among others, or a word. */
+std::string option_in(char* argv[]) {
+    return optopt != 0 && std::strchr(argv[optind - 1], '=') == nullptr
+               ? std::string("-") + static_cast<char>(optopt)
+               : argv[optind - 1];
 }
 
 /** What the words of the command line say. */
@@ -85,12 +108,12 @@ parsed_words parse_words(int argc, char* argv[]) {
         {"wait", required_argument, nullptr, 'w'}, {"json", no_argument, nullptr, 'j'},
         {"all", no_argument, nullptr, 'a'},        {nullptr, 0, nullptr, 0}};
     parsed_words parsed;
-    opterr = 0;
-    for (int found = 0; (found = getopt_long(argc, argv, "hno:", options, nullptr)) != -1;) {
+    for (int found = 0; (found = getopt_long(argc, argv, ":hno:", options, nullptr)) != -1;) {
         switch (found) {
         case '?':
-            throw mistake("unknown option, or one without its argument: '" +
-                          std::string(argv[optind - 1]) + "'");
+            throw mistake("unknown option: " + in_quotes(option_in(argv)));
+        case ':':
+            throw mistake("option without its argument: " + in_quotes(argv[optind - 1]));
         case 'w':
             parsed.words.wait_seconds = to_seconds(optarg);
             continue;
@@ -115,7 +138,7 @@ parsed_words parse_words(int argc, char* argv[]) {
 tune_status act(int argc, char* argv[]) {
     auto [words, options] = parse_words(argc, argv);
     if (options.find('h') != std::string::npos) {
-        show(usage);
+        show(usage());
         return tune_status::done;
     }
     if (options.find('v') != std::string::npos) {
@@ -127,14 +150,10 @@ tune_status act(int argc, char* argv[]) {
     }
     const command& its_command = command_named(words.operands.front());
     words.operands.erase(words.operands.begin());
-    if (options.find_first_not_of(its_command.options) != std::string::npos) {
-        throw mistake(std::string(its_command.name) +
-                      " has no such option; see brisel-tune --help");
-    }
     const std::size_t count = words.operands.size();
-    if (count < its_command.least || count > its_command.most) {
-        throw mistake(std::string(its_command.name) +
-                      " takes other operands; see brisel-tune --help");
+    if (options.find_first_not_of(its_command.options) != std::string::npos ||
+        count < its_command.least || count > its_command.most) {
+        throw mistake("usage: brisel-tune " + synopsis(its_command));
     }
     const knobs all;
     return its_command.run(all, words);

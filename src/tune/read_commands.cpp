@@ -7,7 +7,8 @@
 #include "tune/commands.hpp"
 #include "tune/console.hpp"
 #include "tune/mistake.hpp"
-#include "tune/tuning.hpp"
+#include "tune/read_text.hpp"
+#include "tune/text.hpp"
 #include "tune/value_text.hpp"
 #include "tune/whole_file.hpp"
 

@@ -1,27 +1,19 @@
 #include "tune/tuning.hpp"
 
-#include <cerrno>
-#include <cstring>
+#include <algorithm>
 #include <map>
 #include <string_view>
-#include <tuple>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include "tune/mistake.hpp"
+#include "tune/text.hpp"
 #include "tune/value_text.hpp"
 
 namespace {
 
-[[noreturn]] void refuse_file(const std::string& path) {
-    throw mistake(path + ": " + std::strerror(errno));
-}
-
 /** The register and the bits, or the file, in which two lines may meet. */
 struct claimed_bits {
-    const knob* target;
-    std::string where;
+    const knob* part;
+    const tuning_line* line;
 };
 
 /** Whether two knobs of one place share bits: every lane of a register has a word of its own. */
@@ -33,7 +25,8 @@ bool meet(const knob& a, const knob& b) {
            ((a.field->mask() << a.field->shift()) & (b.field->mask() << b.field->shift())) != 0;
 }
 
-void check_bits(const std::vector<tuning_line>& lines) {
+/** Adds a mistake for each line that names bits which a line above it names, too. */
+void check_bits(const std::vector<tuning_line>& lines, std::vector<std::string>& mistakes) {
     std::multimap<const void*, claimed_bits> claimed;
     for (const tuning_line& line : lines) {
         for (const knob* part : line.target->parts()) {
@@ -43,13 +36,17 @@ void check_bits(const std::vector<tuning_line>& lines) {
             const void* const place =
                 part->in_register() ? static_cast<const void*>(part->reg) : part;
             const auto [begin, end] = claimed.equal_range(place);
-            for (auto other = begin; other != end; ++other) {
-                if (meet(*part, *other->second.target)) {
-                    throw mistake(line.where + ": " + line.target->name() +
-                                  " has bits that are set already at " + other->second.where);
-                }
+            const auto other = std::find_if(
+                begin, end, [part](const auto& entry) { return meet(*part, *entry.second.part); });
+            if (other != end) {
+                const tuning_line& above = *other->second.line;
+                const bool same = line.target == above.target;
+                mistakes.push_back(line.where + ": " + line.target->name() +
+                                   (same ? " is named" : " shares bits with ") +
+                                   (same ? "" : above.target->name()) + " at " + above.where);
+                break;
             }
-            claimed.insert({place, {part, line.where}});
+            claimed.insert({place, {part, &line}});
         }
     }
 }
@@ -60,7 +57,7 @@ tuning_line parse_line(const knobs& all, std::string_view text) {
     }
     const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos) {
-        throw mistake("'" + std::string(text.substr(0, 40)) + "' is not NAME = VALUE");
+        throw mistake(in_quotes(text) + " is not NAME = VALUE");
     }
     const knob& target = all.named(std::string(without_blanks(text.substr(0, equals))));
     return {&target, parse_value(target, without_blanks(text.substr(equals + 1))), ""};
@@ -68,35 +65,10 @@ tuning_line parse_line(const knobs& all, std::string_view text) {
 
 } // namespace
 
-std::string read_text(const std::string& path) {
-    const int fd = path == "-" ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd == -1) {
-        refuse_file(path);
-    }
-    std::string text;
-    char buffer[4096];
-    ssize_t size = 0;
-    while ((size = read(fd, buffer, sizeof buffer)) > 0) {
-        text.append(buffer, static_cast<std::size_t>(size));
-    }
-    if (size < 0) {
-        refuse_file(path);
-    }
-    close(fd);
-    return text;
-}
-
-std::string read_text(const std::string& path, const std::string& otherwise) {
-    try {
-        return read_text(path);
-    } catch (const mistake&) {
-        return otherwise;
-    }
-}
-
 std::vector<tuning_line> parse_tuning(const knobs& all, const std::string& text,
                                       const std::string& where) {
     std::vector<tuning_line> lines;
+    std::vector<std::string> mistakes;
     std::string_view rest = text;
     for (int number = 1; !rest.empty(); ++number) {
         const std::string_view whole = rest.substr(0, rest.find('\n'));
@@ -108,13 +80,27 @@ std::vector<tuning_line> parse_tuning(const knobs& all, const std::string& text,
         const std::string place = where + ":" + std::to_string(number);
         try {
             lines.push_back(parse_line(all, line));
+            lines.back().where = place;
         } catch (const mistake& problem) {
-            throw mistake(place + ": " + problem.what());
+            mistakes.push_back(place + ": " + problem.what());
         }
-        lines.back().where = place;
     }
-    check_bits(lines);
+    check_bits(lines, mistakes);
+    refuse(mistakes);
     return lines;
+}
+
+void refuse(std::vector<std::string> mistakes) {
+    if (mistakes.empty()) {
+        return;
+    }
+    constexpr std::size_t most = 10;
+    if (mistakes.size() > most) {
+        const std::size_t left = mistakes.size() - most;
+        mistakes.resize(most);
+        mistakes.push_back("and " + std::to_string(left) + " more");
+    }
+    throw mistake(joined(mistakes, "\n"));
 }
 
 std::vector<setting> settings_of(const std::vector<tuning_line>& lines) {

@@ -14,21 +14,15 @@ struct tuning_line {
 };
 
 /**
- * Reads a file to its end; "-" is standard input.
- * @throw mistake when it cannot be read
- */
-std::string read_text(const std::string& path);
-
-/** The same, but where it cannot be read this text instead. */
-std::string read_text(const std::string& path, const std::string& otherwise);
-
-/**
  * Understands a tuning: lines of NAME = VALUE, with comments from # to the end of a line.
  * @param where the file's name, for messages
- * @throw mistake that names the line; also where two lines are about the same bits
+ * @throw mistake that names each line that is wrong; also where two are about the same bits
  */
 std::vector<tuning_line> parse_tuning(const knobs& all, const std::string& text,
                                       const std::string& where);
+
+/** Throws these mistakes as one, a line each, unless there are none. */
+void refuse(std::vector<std::string> mistakes);
 
 /** The settings of all lines, one for each part, in their order. */
 std::vector<setting> settings_of(const std::vector<tuning_line>& lines);

@@ -7,6 +7,7 @@
 
 #include "base/hexadecimal.hpp"
 #include "tune/mistake.hpp"
+#include "tune/text.hpp"
 
 namespace {
 
@@ -65,51 +66,41 @@ std::uint32_t to_code(const knob& k, std::string_view text) {
                                                   ? to_mapped_code(k, text)
                                                   : to_number(text);
     if (!code || *code > k.most() || (k.kind == knob_kind::file && *code < k.least())) {
-        throw mistake("'" + std::string(text.substr(0, 40)) + "' is no value of " + k.name() +
-                      ", which takes " + legal_values(k));
+        std::string hint;
+        if (text.starts_with('+') || text.starts_with('-')) {
+            hint = "; a step has no place here";
+        } else if (k.kind == knob_kind::mapped) {
+            hint = ", or raw:N for a code that none of these has, 0 to " + std::to_string(k.most());
+        }
+        throw mistake(in_quotes(text) + " is no value of " + k.name() + ", which takes " +
+                      legal_values(k) + hint);
     }
     return *code;
 }
 
-std::string joined(const std::vector<std::string>& pieces, const char* between) {
-    std::string text;
-    for (const std::string& piece : pieces) {
-        text += (text.empty() ? "" : between) + piece;
-    }
-    return text;
-}
-
 } // namespace
-
-std::string_view without_blanks(std::string_view text) {
-    constexpr const char* blanks = " \t\r";
-    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
-    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
-}
 
 std::vector<std::uint32_t> parse_value(const knob& k, std::string_view text) {
     if (k.kind != knob_kind::set) {
         return {to_code(k, text)};
     }
+    const auto refuse = [&k](const std::string& what) {
+        throw mistake(k.name() + " takes " + std::to_string(k.lanes.size()) +
+                      " values in braces, '{V,...}', in quotes on a command line; " + what);
+    };
     if (!text.starts_with('{') || !text.ends_with('}')) {
-        throw mistake(k.name() + " takes " + legal_values(k));
+        refuse("there are no braces");
     }
     text = text.substr(1, text.size() - 2);
-    std::vector<std::uint32_t> codes;
-    for (;;) {
-        const std::size_t comma = text.find(',');
-        if (codes.size() == k.lanes.size()) {
-            throw mistake(k.name() + " takes " + legal_values(k) + ", and there are more");
-        }
-        codes.push_back(to_code(*k.lanes[codes.size()], without_blanks(text.substr(0, comma))));
-        if (comma == std::string_view::npos) {
-            break;
-        }
-        text.remove_prefix(comma + 1);
+    const auto count = static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + 1;
+    if (count != k.lanes.size()) {
+        refuse("there are " + std::to_string(count));
     }
-    if (codes.size() != k.lanes.size()) {
-        throw mistake(k.name() + " takes " + legal_values(k) + ", and there are " +
-                      std::to_string(codes.size()));
+    std::vector<std::uint32_t> codes;
+    for (const knob* lane : k.lanes) {
+        const std::size_t comma = std::min(text.find(','), text.size());
+        codes.push_back(to_code(*lane, without_blanks(text.substr(0, comma))));
+        text.remove_prefix(std::min(comma + 1, text.size()));
     }
     return codes;
 }
@@ -146,6 +137,10 @@ std::string to_delay(std::uint32_t code) {
         return std::string("d+") + std::to_string(code - upwards);
     }
     return std::string("d-") + std::to_string(code);
+}
+
+std::string to_reading(const knob& k, std::uint32_t code) {
+    return k.kind == knob_kind::lane ? to_delay(code) : to_text(k, code);
 }
 
 std::string to_line(const knob& k, const std::vector<std::uint32_t>& codes) {

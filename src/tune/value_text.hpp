@@ -32,11 +32,11 @@ std::string to_text(const knob& k, const std::vector<std::uint32_t>& codes);
 /** A lane's delay for a reader: "d+5". */
 std::string to_delay(std::uint32_t code);
 
+/** A code for a reader: as `to_text`, and of a lane its delay alone. */
+std::string to_reading(const knob& k, std::uint32_t code);
+
 /** A whole line: name, value, and lanes' delays behind it as a comment. */
 std::string to_line(const knob& k, const std::vector<std::uint32_t>& codes);
 
 /** What may be set, for a reader: "0 to 15", "0, 40, 60, 120". */
 std::string legal_values(const knob& k);
-
-/** The text without blanks around it. */
-std::string_view without_blanks(std::string_view text);

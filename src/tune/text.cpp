@@ -1,0 +1,38 @@
+#include "tune/text.hpp"
+
+#include <algorithm>
+
+std::string_view without_blanks(std::string_view text) {
+    constexpr const char* blanks = " \t\r\n";
+    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
+    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+}
+
+std::string in_quotes(std::string_view text) {
+    constexpr std::size_t most = 40;
+    std::string result = "'";
+    result += text.substr(0, most);
+    return result + (text.size() > most ? "...'" : "'");
+}
+
+std::string printable(std::string_view text) {
+    constexpr const char* digits = "0123456789abcdef";
+    std::string result;
+    for (const char c : text) {
+        if ((c >= ' ' && c <= '~') || c == '\n') {
+            result += c;
+        } else {
+            const auto byte = static_cast<unsigned char>(c);
+            result.append("\\x").append(1, digits[byte >> 4]).append(1, digits[byte & 0xf]);
+        }
+    }
+    return result;
+}
+
+std::string joined(const std::vector<std::string>& pieces, const char* between) {
+    std::string text;
+    for (const std::string& piece : pieces) {
+        text += (text.empty() ? "" : between) + piece;
+    }
+    return text;
+}
