@@ -63,14 +63,23 @@ std::optional<int> fault_list::lock_error(std::string_view path) const {
 }
 
 std::optional<int> fault_list::call_error(failing_call call, std::uint32_t number) const noexcept {
-    std::optional<int> error;
-    for (const call_fault& fault : m_calls) {
+    return last_number(m_calls, call, number);
+}
+
+std::optional<int> fault_list::call_signal(failing_call call, std::uint32_t number) const noexcept {
+    return last_number(m_signals, call, number);
+}
+
+std::optional<int> fault_list::last_number(const std::vector<call_fault>& faults, failing_call call,
+                                           std::uint32_t number) noexcept {
+    std::optional<int> found;
+    for (const call_fault& fault : faults) {
         const bool concerned = fault.and_all_later ? number >= fault.first : number == fault.first;
         if (fault.call == call && concerned) {
-            error = fault.error;
+            found = fault.number;
         }
     }
-    return error;
+    return found;
 }
 
 std::optional<std::string> fault_list::content(std::string_view path) const {

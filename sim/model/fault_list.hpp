@@ -21,6 +21,7 @@
  *     no-lock   PATH [ERROR]               the file cannot be locked (ENOLCK)
  *     content   PATH [TEXT]                reads of the file give TEXT, or nothing at all
  *     fail      CALL N[+] [ERROR]          call number N of a process fails, with "+" all from it
+ *     signal    CALL N[+] SIGNAL           it goes on, after its process group got the signal
  *
  * PLACE is a property's name, MASK and WORD then being about the bits of its field, or it is
  * ADDRESS[/SELECTOR]. ERROR is the name of an errno value; the one in brackets is taken when it is
@@ -61,6 +62,9 @@ public:
      */
     std::optional<int> call_error(failing_call call, std::uint32_t number) const noexcept;
 
+    /** The signal that comes when this call is made; empty when none does. Allocates nothing. */
+    std::optional<int> call_signal(failing_call call, std::uint32_t number) const noexcept;
+
     /** What a reader of the file gets in place of its content; empty when it gets the content. */
     std::optional<std::string> content(std::string_view path) const;
 
@@ -84,7 +88,7 @@ private:
         failing_call call;
         std::uint32_t first;
         bool and_all_later;
-        int error;
+        int number; ///< of the error or the signal
     };
     struct content_fault {
         std::string path;
@@ -99,4 +103,8 @@ private:
     std::vector<page_fault> m_no_map;
     std::vector<content_fault> m_content;
     std::vector<call_fault> m_calls;
+    std::vector<call_fault> m_signals;
+
+    static std::optional<int> last_number(const std::vector<call_fault>& faults, failing_call call,
+                                          std::uint32_t number) noexcept;
 };

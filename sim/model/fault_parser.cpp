@@ -1,4 +1,6 @@
 #include <cerrno>
+#include <csignal>
+#include <cstring>
 #include <istream>
 
 #include "model/board_paths.hpp"
@@ -8,6 +10,21 @@
 #include "model/failing_call.hpp"
 #include "model/fault_list.hpp"
 #include "model/text.hpp"
+
+namespace {
+
+/** The number of a signal such as "SIGTERM"; empty for a name that is none. */
+std::optional<int> signal_value(std::string_view name) {
+    for (int value = 1; value < NSIG; ++value) {
+        const char* const candidate = sigabbrev_np(value);
+        if (candidate != nullptr && name == std::string("SIG").append(candidate)) {
+            return value;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
 
 /** Takes the words of one line, from left to right. */
 class fault_list::line_parser {
@@ -42,20 +59,19 @@ public:
         return {page_of(address), errno_or(usual_error)};
     }
 
-    call_fault counted_call() {
+    call_fault failing() {
+        call_fault fault = counted_call();
+        fault.number = errno_or(default_error(fault.call));
+        return fault;
+    }
+
+    call_fault signalling() {
+        call_fault fault = counted_call();
         const std::string_view name = take_word(m_rest);
-        const std::optional<failing_call> call = find_failing_call(name);
-        if (!call) {
-            refuse(quoted(name) + " is no call that can fail");
-        }
-        std::string_view which = take_word(m_rest);
-        const bool and_all_later = which.ends_with('+');
-        which.remove_suffix(and_all_later ? 1 : 0);
-        const std::uint32_t first = number(which, "number");
-        if (first == 0) {
-            refuse("calls are counted from 1");
-        }
-        return {*call, first, and_all_later, errno_or(default_error(*call))};
+        const std::optional<int> signal = signal_value(name);
+        fault.number = signal ? *signal : throw input_error(m_where, not_a_number(name, "signal"));
+        end();
+        return fault;
     }
 
     content_fault file_content() {
@@ -74,6 +90,22 @@ private:
             refuse(not_a_number(word, what));
         }
         return *value;
+    }
+
+    call_fault counted_call() {
+        const std::string_view name = take_word(m_rest);
+        const std::optional<failing_call> call = find_failing_call(name);
+        if (!call) {
+            refuse(quoted(name) + " is no call that can fail");
+        }
+        std::string_view which = take_word(m_rest);
+        const bool and_all_later = which.ends_with('+');
+        which.remove_suffix(and_all_later ? 1 : 0);
+        const std::uint32_t first = number(which, "number");
+        if (first == 0) {
+            refuse("calls are counted from 1");
+        }
+        return {*call, first, and_all_later, 0};
     }
 
     register_bits address_or_property() {
@@ -174,7 +206,9 @@ void fault_list::add(std::string_view line, const std::string& where,
     } else if (kind == "content") {
         m_content.push_back(parser.file_content());
     } else if (kind == "fail") {
-        m_calls.push_back(parser.counted_call());
+        m_calls.push_back(parser.failing());
+    } else if (kind == "signal") {
+        m_signals.push_back(parser.signalling());
     } else {
         parser.refuse(quoted(kind) + " is no kind of fault");
     }

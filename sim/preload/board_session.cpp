@@ -1,6 +1,7 @@
 #include "preload/board_session.hpp"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -93,6 +94,10 @@ void board_session::save_model() {
 
 bool board_session::next_call_fails(failing_call call, std::string_view event) noexcept {
     const std::uint32_t number = m_calls.next(call);
+    if (const std::optional<int> signal = m_faults.call_signal(call, number)) {
+        m_trace.line(std::string("signal SIG").append(sigabbrev_np(*signal)));
+        kill(0, *signal);
+    }
     const std::optional<int> error = m_faults.call_error(call, number);
     if (!error) {
         return false;

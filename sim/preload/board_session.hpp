@@ -37,8 +37,9 @@ public:
     board_model& model() { return *m_model; }
 
     /**
-     * Counts a call that the program, or a process that it forks, makes. True if a fault has this
-     * one fail: errno is then set, and the trace says that `event` failed.
+     * Counts a call that the program, or a process that it forks, makes, and sends the signal that
+     * a fault has come with it. True if a fault has this one fail: errno is then set, and the trace
+     * says that `event` failed.
      */
     bool next_call_fails(failing_call call, std::string_view event) noexcept;
 

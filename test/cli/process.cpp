@@ -55,6 +55,9 @@ pid_t start(const program_start& program) {
     argv.push_back(nullptr);
     const pid_t child = checked(fork(), "fork");
     if (child == 0) {
+        if (program.leads_group) {
+            setpgid(0, 0);
+        }
         alarm(time_limit);
         const rlimit none{};
         setrlimit(RLIMIT_CORE, &none);

@@ -39,6 +39,9 @@ struct program_start {
     int in = -1;
     int out = -1;
     int err = -1;
+
+    /** It begins a process group of its own, as it does when a shell in a terminal starts it. */
+    bool leads_group = false;
 };
 
 /**

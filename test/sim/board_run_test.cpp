@@ -80,6 +80,16 @@ TEST_F(BoardRun, ACallFailsByItsNumberAndIsTracedAsFailed) {
               std::string::npos);
 }
 
+TEST_F(BoardRun, ASignalComesWithACallToTheWholeProcessGroup) {
+    const outcome run = board("-t -f 'signal mmap 2 SIGTERM' setsid -w sh -c \"trap 'echo caught' "
+                              "TERM; '" BOARD_PROBE "' open map=0x18428000 read=0x18428120 unmap "
+                              "map=0x18428000 write=0x18428120:0 unmap; :\"");
+    EXPECT_NE(run.output.find("unmap 0x18428000\nsignal SIGTERM\n"), std::string::npos)
+        << run.output;
+    EXPECT_TRUE(run.output.ends_with("\ncaught\n")) << run.output;
+    EXPECT_EQ(run.output.find("write"), std::string::npos) << run.output;
+}
+
 TEST_F(BoardRun, TransfersOfTheBoardsFilesAloneAreCounted) {
     EXPECT_EQ(board("-t -f 'fail read 1 EISDIR' cat /dev/null /sys/kernel/debug/mmc0/rdqs").output,
               "open /sys/kernel/debug/mmc0/rdqs r\n"

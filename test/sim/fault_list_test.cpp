@@ -1,6 +1,7 @@
 #include "model/fault_list.hpp"
 
 #include <cerrno>
+#include <csignal>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -144,6 +145,15 @@ TEST(FaultList, EveryCallHasAnErrorOfItsOwn) {
     EXPECT_EQ(faults_of("fail open 1 EMFILE").call_error(failing_call::open, 1), EMFILE);
 }
 
+TEST(FaultList, ASignalComesWithACallByItsNumber) {
+    const fault_list faults = faults_of("signal mmap 3 SIGTERM\nsignal mmap 4+ SIGHUP\n");
+    EXPECT_EQ(faults.call_signal(failing_call::mmap, 2), std::nullopt);
+    EXPECT_EQ(faults.call_signal(failing_call::mmap, 3), SIGTERM);
+    EXPECT_EQ(faults.call_signal(failing_call::mmap, 9), SIGHUP);
+    EXPECT_EQ(faults.call_signal(failing_call::open, 3), std::nullopt);
+    EXPECT_EQ(faults.call_error(failing_call::mmap, 3), std::nullopt);
+}
+
 TEST(FaultList, ALineThatMakesNoSenseIsRefusedWithItsPlace) {
     const struct {
         const char* line;
@@ -174,6 +184,11 @@ TEST(FaultList, ALineThatMakesNoSenseIsRefusedWithItsPlace) {
         {"fail read 0", "calls are counted from 1"},
         {"fail read 1 + EIO", "'EIO' is too much"},
         {"fail read 1 EOF", "'EOF' is no errno name"},
+        {"signal close 1 SIGHUP", "'close' is no call that can fail"},
+        {"signal read 0 SIGHUP", "calls are counted from 1"},
+        {"signal read 1", "the signal is missing"},
+        {"signal read 1 HUP", "'HUP' is no signal"},
+        {"signal read 1 SIGHUP 2", "'2' is too much"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(refusal_of(row.line), std::string("faults:3: ") + row.message);

@@ -139,7 +139,7 @@ TEST(PowerOn, ThereIsNoFaultAndEveryExampleOfOneIsRight) {
         }
         in_examples = in_examples || line.ends_with("For example:");
     }
-    EXPECT_EQ(count, 11);
+    EXPECT_EQ(count, 12);
 }
 
 } // namespace power_on_test

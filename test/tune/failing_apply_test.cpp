@@ -1,11 +1,10 @@
 #include <csignal>
-#include <thread>
+#include <ostream>
+#include <string>
+#include <tuple>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <fcntl.h>
-#include <sys/wait.h>
 
 #include "cli/texts.hpp"
 #include "support/text_file.hpp"
@@ -27,7 +26,7 @@ const std::vector<std::string> names = {cpu,   sda,         "mac-tx::delay",
 std::string held(const board& on_board) {
     std::vector<std::string> args = {"get"};
     args.insert(args.end(), names.begin(), names.end());
-    return run_tune(on_board, args).out;
+    return on_board.capture(on_board.launch_bare(args, "", "brisel-tune")).out;
 }
 
 /** The texts of the old tuning and the new one. */
@@ -88,30 +87,61 @@ TEST_P(FailingApply, LeavesTheOldTuningOrTheNewOneOrSaysWhatIsThere) {
 INSTANTIATE_TEST_SUITE_P(AtEvery, FailingApply, testing::Values("open", "mmap", "read", "write"),
                          [](const auto& call) { return call.param; });
 
-class InterruptedApply : public testing::TestWithParam<int> {};
+/** A signal, and the numbers of the calls with which it comes, one in each run. */
+struct interruption {
+    std::string name;
+    int signal;
+    int first;
+    int step;
+};
+
+void PrintTo(const interruption& by, std::ostream* out) {
+    *out << by.name;
+}
+
+class InterruptedApply
+    : public testing::TestWithParam<std::tuple<interruption, std::string /* call */>> {};
 
 TEST_P(InterruptedApply, LeavesTheOldTuningOrTheNewOne) {
-    for (std::size_t lines = 5; lines < 420; lines += 25) {
-        SCOPED_TRACE(lines);
+    const auto& [by, call] = GetParam();
+    int interrupted = 0;
+    int applied = 0;
+    for (int number = by.first;; number += by.step) {
+        SCOPED_TRACE(number);
         const board on_board;
         const std::string file = on_board.path("/tmp/tuning");
         write_text(file, tuning);
-        const descriptor null("/dev/null", O_RDWR);
-        program_start program = on_board.launch_bare({"apply", file}, "", "brisel-tune");
-        program.in = null;
-        program.out = null;
-        program.err = null;
-        const pid_t run = start(program);
-        while (on_board.trace().size() < lines && waitpid(run, nullptr, WNOHANG | WNOWAIT) == 0) {
-            std::this_thread::yield();
-        }
-        kill(run, GetParam());
-        wait_for(run);
+        program_start apply = on_board.launch_bare(
+            {"apply", file}, "signal " + call + " " + std::to_string(number) + " " + by.name,
+            "brisel-tune");
+        apply.leads_group = true;
+        const run_result run = on_board.capture(std::move(apply));
         const std::string now = held(on_board);
-        EXPECT_TRUE(now == both().before || now == both().after) << now;
+        if (!testing::Value(on_board.trace(), testing::Contains("signal " + by.name))) {
+            EXPECT_EQ(run.status, 0);
+            break;
+        }
+        EXPECT_EQ(run.status, -by.signal);
+        EXPECT_TRUE(now == both().after || (now == both().before && applied == 0)) << now;
+        ++interrupted;
+        applied += now == both().after ? 1 : 0;
+        if (HasFailure()) {
+            break;
+        }
     }
+    EXPECT_GT(applied, 0);
+    EXPECT_EQ(applied == interrupted, call == "write"); // as soon as one writes, signals wait
 }
 
-INSTANTIATE_TEST_SUITE_P(By, InterruptedApply, testing::Values(SIGINT, SIGTERM, SIGHUP));
+// A page is mapped for each access to a register. Two signals share the calls among them.
+INSTANTIATE_TEST_SUITE_P(By, InterruptedApply,
+                         testing::Combine(testing::Values(interruption{"SIGTERM", SIGTERM, 1, 1},
+                                                          interruption{"SIGINT", SIGINT, 1, 2},
+                                                          interruption{"SIGHUP", SIGHUP, 2, 2}),
+                                          testing::Values("mmap", "read", "write")),
+                         [](const auto& row) {
+                             return std::get<0>(row.param).name + "AtEach_" +
+                                    std::get<1>(row.param);
+                         });
 
 } // namespace tune_failing_apply_test
