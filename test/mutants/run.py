@@ -45,11 +45,13 @@ def fast_tests(tree):
 
 def slow_tests(path):
     """Those that run the program that a source is for, in the order in which they get slower."""
-    program_test = "tune_test" if path.startswith("src/tune/") else "cli_test"
+    is_tune = path.startswith("src/tune/")
+    program = "brisel-tune" if is_tune else "brisel"
+    program_test = "tune_test" if is_tune else "cli_test"
     return [
         google_test(program_test, rows=TABLE_ROWS),
         google_test(program_test, rows="-" + TABLE_ROWS),
-        Test("all", ("ctest", "-R", "^all_freed", "--no-tests=error")),
+        Test("all", ("ctest", "-R", f"^all_freed_of_{program}$", "--no-tests=error")),
     ]
 
 
