@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
-#include <memory>
 #include <string>
 #include <typeinfo>
 #include <vector>
@@ -13,7 +12,6 @@
 
 #include "catalogue/table.hpp"
 #include "platform/catalogue.hpp"
-#include "platform/register_properties.hpp"
 #include "property/property.hpp"
 #include "property/property_file.hpp"
 #include "property/property_group.hpp"
@@ -27,18 +25,6 @@
 namespace registration_test {
 
 using testing::IsEmpty;
-
-/** Registers everything for the length of the program, as its main does. */
-class registration : public testing::Environment {
-public:
-    void SetUp() override { platform_register_properties(); }
-    void TearDown() override {
-        property_group::free_all();
-        property::free_all();
-    }
-};
-[[maybe_unused]] const auto* const registered =
-    testing::AddGlobalTestEnvironment(std::make_unique<registration>().release());
 
 /** The kind's name in the tables; the exact kind, so that no subclass passes for its base. */
 std::string kind_of(const property& p) {

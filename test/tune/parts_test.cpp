@@ -2,7 +2,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <limits>
-#include <memory>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
@@ -11,7 +10,6 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include "platform/register_properties.hpp"
 #include "property/property_group.hpp"
 #include "property/property_register.hpp"
 #include "support/fake_property.hpp"
@@ -139,18 +137,6 @@ TEST(WholeFile, KeepsWhatTheFileWas) {
     EXPECT_EQ(std::filesystem::status(dir.file("tuning")).permissions(),
               std::filesystem::perms::owner_all);
 }
-
-/** Registers everything for the length of the program, as its main does. */
-class registration : public testing::Environment {
-public:
-    void SetUp() override { platform_register_properties(); }
-    void TearDown() override {
-        property_group::free_all();
-        property::free_all();
-    }
-};
-[[maybe_unused]] const auto* const registered =
-    testing::AddGlobalTestEnvironment(std::make_unique<registration>().release());
 
 TEST(Knobs, EveryCodeOfEveryKnobIsReadAsItIsShown) {
     const knobs all;
