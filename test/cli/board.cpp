@@ -46,10 +46,16 @@ bool is_emulated() {
     return std::getenv("BRISEL_EMULATOR") != nullptr;
 }
 
-/** What a program said, without what its emulator has to say when a signal ends it. */
-std::string without_emulator(const std::string& text) {
-    const std::size_t begin = is_emulated() ? text.find("qemu: uncaught target signal") : text.npos;
-    return text.substr(0, begin);
+/** What a program said, without what its emulator has to say when a signal ends a process. */
+std::string without_emulator(std::string text) {
+    if (is_emulated()) {
+        const std::string saying = "qemu: uncaught target signal";
+        for (std::size_t at = 0; (at = text.find(saying, at)) != text.npos;) {
+            const std::size_t end = text.find('\n', at);
+            text.erase(at, end == text.npos ? end : end + 1 - at);
+        }
+    }
+    return text;
 }
 
 } // namespace

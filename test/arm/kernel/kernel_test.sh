@@ -1,11 +1,11 @@
 #!/bin/sh
-# Boots Debian's ARM kernel in an emulated machine and runs a static brisel on it, as root, through
-# the kernel's own memory device, with memory where a board has its registers.
+# Boots Debian's ARM kernel in an emulated machine and runs a static brisel on it, and the brisel-tune that
+# lies beside it, as root, through the kernel's own memory device, with memory where a board has its registers.
 #
 #   kernel_test.sh SESSION BITS PROGRAM FOLDER
 #
-# SESSION is "board" or "refused", BITS the kernel's: 64 or 32. FOLDER is for downloads and results.
-# Compares what brisel said, what it did to the registers as the emulator saw it, and what they hold
+# SESSION is "board", "tune" or "refused", BITS the kernel's: 64 or 32. FOLDER is for downloads and results.
+# Compares what the programs said, what they did to the registers as the emulator saw it, and what these hold
 # afterwards. Ends with 77 where the kernels cannot be had.
 set -eu
 session=$1 bits=$2 program=$3 folder=$4
@@ -43,9 +43,15 @@ compare() {
     echo "$what: as expected"
 }
 
+# Those accesses that write anything but the selector of a PHY.
+writes() {
+    grep write "$work/accesses" | grep -vE '^write 0x(1842812c|1844812c|1a41912c) '
+}
+
 make_root "$here/session-$session"
 cp "$program" "$work/root/bin/brisel"
-if [ "$session" = board ]; then
+cp "${program%-*}-tune-${program##*-}" "$work/root/bin/brisel-tune"
+if [ "$session" != refused ]; then
     g++ -std=c++20 -O2 -shared -fPIC -o "$work/access_log.so" "$here/access_log.cpp"
     run_board_machine "session-$session" \
         -plugin "$work/access_log.so,registers=$work/registers,log=$work/accesses"
@@ -55,6 +61,10 @@ else
 fi
 
 compare "output and statuses" diff -u "$here/$session.expected" "$work/transcript"
+if [ "$session" = tune ]; then
+    writes >"$work/writes"
+    compare "$(wc -l <"$work/writes") writes" diff -u "$here/tune-writes.expected" "$work/writes"
+fi
 if [ "$session" = board ]; then
     expected_accesses >"$work/accesses.expected"
     compare "$(wc -l <"$work/accesses") accesses" diff -u "$work/accesses.expected" "$work/accesses"
