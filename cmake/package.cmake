@@ -21,14 +21,16 @@ if(CMAKE_CROSSCOMPILING)
 else()
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 endif()
-set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/postinst)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/packaging/debian/postinst ${PROJECT_SOURCE_DIR}/packaging/debian/postrm)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DESCRIPTION "\
 brisel shows the electrical tuning knobs of a board with the chips orlin and
 pelune as named properties: DDR PHY drive strengths, terminations and delays,
 USB PHY fields, I2C, Ethernet and external-bus delays, the PCIe link state,
 the eMMC host's rdqs and regulator voltages. It lists, reads and writes them,
-absolutely or by a step.")
+absolutely or by a step.
+brisel-tune saves, compares and applies whole tunings, also at boot.")
 
 # For DEB alone, in the staging folder: what Debian's policy wants beside the plain installation.
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/debian/complete.cmake)

@@ -35,4 +35,5 @@ run(COMMAND ${CPACK_BRISEL_STRIP} --strip-unneeded --remove-section=.comment
     ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/brisel-tune)
 
 file(COPY ${packaging}/copyright DESTINATION ${share}/doc/brisel)
+configure_file(${packaging}/lintian-overrides ${share}/lintian/overrides/brisel COPYONLY)
 run(COMMAND chmod -R u=rwX,go=rX ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr)

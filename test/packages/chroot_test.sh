@@ -33,11 +33,17 @@ cp "$1" "$root/tmp/brisel.deb"
 in_chroot apt-get update -qq
 in_chroot apt-get install -y -qq --no-install-recommends /tmp/brisel.deb mandoc bash-completion
 
-# The board, with the packaged program in the place of the built one.
+# Nothing is enabled but by its user; no systemd is here to do that.
+units=$root/etc/systemd/system/multi-user.target.wants
+[ -z "$(find "$root/etc" -name 'brisel*.service')" ]
+mkdir -p "$units"
+ln -s /lib/systemd/system/brisel-tune.service /lib/systemd/system/brisel-tune-survived.service "$units"
+
+# The board, with the packaged programs in the place of the built ones.
 mkdir -p "$root/opt/build"
 cp -R "$source/sim" "$root/opt/sim"
 cp "$2/libbrisel-board.so" "$root/opt/build"
-ln -s /usr/bin/brisel "$root/opt/build/brisel"
+ln -s /usr/bin/brisel /usr/bin/brisel-tune "$root/opt/build"
 cp "$source/test/packages/use.sh" "$root/opt/use.sh"
 in_chroot /opt/sim/board bash /opt/use.sh
 
