@@ -33,6 +33,18 @@ register_key key_in(std::string_view& rest, const std::string& where) {
     return {address, banked ? std::optional(number_in(selector, "selector", where)) : std::nullopt};
 }
 
+/** Whether a field of a word is the property `name`. */
+bool is_name_of_field(std::string_view name, std::string_view word, std::string_view field) {
+    if (field.find("::") != std::string_view::npos) {
+        return name == field;
+    }
+    if (!name.starts_with(word)) {
+        return false;
+    }
+    name.remove_prefix(word.size());
+    return field.empty() ? name.empty() : name.starts_with("::") && name.substr(2) == field;
+}
+
 } // namespace
 
 register_table register_table::parse(std::istream& text, const std::string& file) {
@@ -92,11 +104,7 @@ void register_table::parse_fields(std::string_view rest, const std::string& wher
 std::optional<register_bits> register_table::find_property(const std::string& name) const {
     for (const auto& [key, listed] : m_rows) {
         for (const field_rule& rule : m_fields) {
-            const bool whole = rule.field.find("::") != std::string::npos;
-            const std::string stem = whole ? "" : listed.entry.name;
-            const std::string property =
-                rule.field.empty() || whole ? stem + rule.field : stem + "::" + rule.field;
-            if (property == name &&
+            if (is_name_of_field(name, listed.entry.name, rule.field) &&
                 fnmatch(rule.pattern.c_str(), listed.entry.name.c_str(), 0) == 0) {
                 return register_bits{key, rule.high, rule.low};
             }

@@ -77,6 +77,14 @@ public:
     /** The entry at `key`, or null. The table owns it; it stays valid until the table is gone. */
     const register_entry* find(const register_key& key) const;
 
+    /** Calls `use` with the key and the entry of each word, by address and selector. */
+    template <typename Use>
+    void for_each(const Use& use) const {
+        for (const auto& [key, listed] : m_rows) {
+            use(key, listed.entry);
+        }
+    }
+
     /**
      * True if a register lies at `address`. A banked one does where its PHY's select register is
      * listed, whichever banks are.

@@ -9,6 +9,7 @@
 
 #include "catalogue/table.hpp"
 #include "model/board_model.hpp"
+#include "model/eyes.hpp"
 
 // The folder that every board begins as a copy of.
 
@@ -123,6 +124,28 @@ TEST(PowerOn, EveryRegulatorAndFileOfTheCatalogueIsWithinItsLimits) {
         EXPECT_GE(number_in(row["path"]), static_cast<long>(row.number("minimum")));
         EXPECT_LE(number_in(row["path"]), static_cast<long>(row.number("maximum")));
     }
+}
+
+TEST(PowerOn, EveryLanePassesInAnEyeThatIsNotCentredOnIt) {
+    const register_table table = registers();
+    eyes all(table, [](const std::string& path) { return text_of("/root" + path); });
+    std::istringstream text(text_of("/eyes"));
+    all.add_all(text, "eyes");
+    std::set<std::pair<int, int>> windows;
+    int centred = 0;
+    for (const lane_eye& lane : all.lanes()) {
+        SCOPED_TRACE(lane.word->name);
+        ASSERT_TRUE(lane.window);
+        EXPECT_EQ(all.end_of(lane), test_end::passes);
+        EXPECT_EQ(lane.narrowed, 0);
+        EXPECT_EQ(lane.moved, 0);
+        EXPECT_GE(lane.window->to - lane.window->from, 12);
+        EXPECT_LE(lane.window->to - lane.window->from, 40);
+        windows.emplace(lane.window->from, lane.window->to);
+        centred += lane.window->from + lane.window->to == 2 * lane.delay() ? 1 : 0;
+    }
+    EXPECT_GT(windows.size(), 20U);
+    EXPECT_LT(centred, 27) << "of " << all.lanes().size();
 }
 
 TEST(PowerOn, ThereIsNoFaultAndEveryExampleOfOneIsRight) {
