@@ -8,6 +8,7 @@ namespace {
 constexpr std::array board_places = {
     device_node,
     lock_file,
+    boot_id_file,
     std::string_view("/sys/class/regulator"),
     std::string_view("/sys/kernel/debug"),
 };

@@ -53,7 +53,7 @@ std::ifstream open_text_file(const std::string& file) {
 
 board_session::board_session(std::string folder, const std::string& trace_target,
                              const std::string& more_faults)
-    : m_folder(std::move(folder)), m_trace(trace_target) {
+    : m_folder(std::move(folder)), m_trace(trace_target), m_sizes(m_folder) {
     const std::string registers = m_folder + "/registers";
     std::ifstream text = open_text_file(registers);
     const register_table table = register_table::parse(text, registers);

@@ -6,10 +6,12 @@
 #include <string_view>
 
 #include "model/board_model.hpp"
+#include "model/board_paths.hpp"
 #include "model/failing_call.hpp"
 #include "model/fault_list.hpp"
 #include "preload/open_files.hpp"
 #include "preload/shared_counts.hpp"
+#include "preload/size_log.hpp"
 #include "preload/trace_log.hpp"
 
 /**
@@ -52,6 +54,10 @@ public:
     /** Where the board keeps what the program calls `path`. */
     std::string kept_at(std::string_view path) const;
 
+    /** True for the board's own folder and what lies in it. */
+    bool is_in_folder(std::string_view path) const { return is_at_or_below(path, m_folder); }
+
+    const size_log& sizes() const { return m_sizes; }
     const fault_list& faults() const { return m_faults; }
     const trace_log& trace() const { return m_trace; }
     open_files& files() { return m_files; }
@@ -60,6 +66,7 @@ public:
 private:
     std::string m_folder;
     trace_log m_trace;
+    size_log m_sizes;
     fault_list m_faults;
     open_files m_files;
     std::optional<board_model> m_model;

@@ -40,21 +40,36 @@ using open_call = int(const char*, int, ...);
 using openat_call = int(int, const char*, int, ...);
 using fopen_call = FILE*(const char*, const char*);
 
+/** What was opened elsewhere: its size is noted if it is open for writing. */
+int noted(const char* path, int flags, int descriptor) {
+    const board_session* const board = current_session();
+    if (descriptor >= 0 && (flags & O_ACCMODE) != O_RDONLY && board != nullptr &&
+        !board->is_in_folder(path)) {
+        board->sizes().opened(descriptor);
+    }
+    return descriptor;
+}
+
 int open_file(open_call* real, const char* path, int flags, mode_t mode) {
     board_session* const board = board_of(path);
-    return board == nullptr ? real(path, flags, mode) : open_on_board(*board, path, flags, mode);
+    return board == nullptr ? noted(path, flags, real(path, flags, mode))
+                            : open_on_board(*board, path, flags, mode);
 }
 
 int open_file_at(openat_call* real, int directory, const char* path, int flags, mode_t mode) {
     board_session* const board = board_of(path);
-    return board == nullptr ? real(directory, path, flags, mode)
+    return board == nullptr ? noted(path, flags, real(directory, path, flags, mode))
                             : open_on_board(*board, path, flags, mode);
 }
 
 FILE* open_stream(fopen_call* real, const char* path, const char* mode) {
     board_session* const board = board_of(path);
     if (board == nullptr) {
-        return real(path, mode);
+        FILE* const elsewhere = real(path, mode);
+        if (elsewhere != nullptr) {
+            noted(path, flags_of_mode(mode), fileno(elsewhere));
+        }
+        return elsewhere;
     }
     const int descriptor = open_on_board(*board, path, flags_of_mode(mode), 0666);
     FILE* const stream = descriptor < 0 ? nullptr : fdopen(descriptor, mode);
@@ -69,6 +84,12 @@ FILE* open_stream(fopen_call* real, const char* path, const char* mode) {
 bool fails(failing_call call, int descriptor) {
     board_session* const board = board_of(descriptor);
     return board != nullptr && transfer_fails(*board, call, descriptor);
+}
+
+/** Puts a file on the disk by way of `real`. */
+int sync_file(int descriptor, int (*real)(int)) {
+    const board_session* const board = current_session();
+    return board == nullptr ? real(descriptor) : board->sizes().synced(descriptor, real);
 }
 
 /** Closes by way of `real`, which is given the board's descriptor or something that holds it. */
@@ -166,6 +187,16 @@ BOARD_CALL ssize_t write(int descriptor, const void* buffer, size_t size) {
 BOARD_CALL ssize_t writev(int descriptor, const iovec* parts, int count) {
     static auto* const real = next_call<ssize_t(int, const iovec*, int)>("writev");
     return fails(failing_call::write, descriptor) ? -1 : real(descriptor, parts, count);
+}
+
+BOARD_CALL int fsync(int descriptor) {
+    static auto* const real = next_call<int(int)>("fsync");
+    return sync_file(descriptor, real);
+}
+
+BOARD_CALL int fdatasync(int descriptor) {
+    static auto* const real = next_call<int(int)>("fdatasync");
+    return sync_file(descriptor, real);
 }
 
 BOARD_CALL int flock(int descriptor, int operation) noexcept {

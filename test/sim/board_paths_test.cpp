@@ -7,7 +7,8 @@ namespace board_paths_test {
 TEST(BoardPaths, TheBoardsPlacesAndWhatLiesInThemAreTheBoards) {
     for (const char* const path :
          {"/dev/zeb_mem", "/tmp/brisel.lock", "/sys/class/regulator",
-          "/sys/class/regulator/regulator.1/microvolts", "/sys/kernel/debug/mmc0/rdqs"}) {
+          "/sys/class/regulator/regulator.1/microvolts", "/sys/kernel/debug/mmc0/rdqs",
+          "/proc/sys/kernel/random/boot_id"}) {
         EXPECT_TRUE(is_board_path(path)) << path;
     }
 }
@@ -15,7 +16,8 @@ TEST(BoardPaths, TheBoardsPlacesAndWhatLiesInThemAreTheBoards) {
 TEST(BoardPaths, TheMachinesOwnFilesAreNot) {
     for (const char* const path :
          {"", "/", "/dev/null", "/dev/zeb_mem2", "/tmp/brisel.lock.old", "/sys/class",
-          "/sys/class/regulators", "sys/class/regulator", "/home/sys/kernel/debug"}) {
+          "/sys/class/regulators", "/proc/sys/kernel/random/uuid", "sys/class/regulator",
+          "/home/sys/kernel/debug"}) {
         EXPECT_FALSE(is_board_path(path)) << path;
     }
 }

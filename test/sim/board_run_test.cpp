@@ -188,7 +188,7 @@ TEST_F(BoardRun, NothingButTheBoardIsLeftInItsFolder) {
     for (const fs::directory_entry& entry : fs::directory_iterator(state())) {
         names.insert(entry.path().filename());
     }
-    EXPECT_EQ(names, (std::set<std::string>{"faults", "registers", "root"}));
+    EXPECT_EQ(names, (std::set<std::string>{"eyes", "faults", "registers", "root"}));
 }
 
 } // namespace board_run_test
