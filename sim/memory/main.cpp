@@ -18,12 +18,12 @@
 
 namespace {
 
-/** The path of the trace from the root, or a device if there is none. */
+/** The path of the trace from the root, or a folder of no files on a disk if there is none. */
 std::string trace_file() {
     const char* const target = std::getenv("BRISEL_BOARD_TRACE");
     std::error_code none;
     const std::string path = std::filesystem::canonical(target == nullptr ? "" : target, none);
-    return path.empty() ? "/dev" : path;
+    return path.empty() ? "/proc" : path;
 }
 
 [[noreturn]] void die(const board_folder& board) {
@@ -33,8 +33,7 @@ std::string trace_file() {
         const stopped_board others(board.path());
         std::vector<pid_t> all = others.processes();
         all.push_back(getpid());
-        lose_unsynced_data(all, board.path(),
-                           {"/dev", "/proc", "/sys", board.path(), trace_file()});
+        lose_unsynced_data(all, board.path(), {"/proc", "/sys", board.path(), trace_file()});
         board.reset();
     }
     std::raise(SIGKILL);

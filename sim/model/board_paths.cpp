@@ -9,6 +9,7 @@ constexpr std::array board_places = {
     device_node,
     lock_file,
     boot_id_file,
+    mounts_file,
     std::string_view("/sys/class/regulator"),
     std::string_view("/sys/kernel/debug"),
 };

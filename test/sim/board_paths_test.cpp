@@ -8,7 +8,7 @@ TEST(BoardPaths, TheBoardsPlacesAndWhatLiesInThemAreTheBoards) {
     for (const char* const path :
          {"/dev/zeb_mem", "/tmp/brisel.lock", "/sys/class/regulator",
           "/sys/class/regulator/regulator.1/microvolts", "/sys/kernel/debug/mmc0/rdqs",
-          "/proc/sys/kernel/random/boot_id"}) {
+          "/proc/sys/kernel/random/boot_id", "/proc/mounts"}) {
         EXPECT_TRUE(is_board_path(path)) << path;
     }
 }
