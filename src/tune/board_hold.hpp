@@ -14,7 +14,17 @@ public:
         check_node(for_these);
         take_lock(wait_seconds);
     }
+    /** Waits as long as it takes, and says nothing of it. */
+    static board_hold quietly(const std::vector<const knob*>& for_these) {
+        return board_hold(for_these);
+    }
     ~board_hold() { release_lock(); }
     board_hold(const board_hold&) = delete;
     board_hold& operator=(const board_hold&) = delete;
+
+private:
+    explicit board_hold(const std::vector<const knob*>& for_these) {
+        check_node(for_these);
+        take_lock(std::nullopt, true);
+    }
 };

@@ -42,18 +42,30 @@ stage stage_of(const change& each) {
     return each.after > each.before ? stage::rising : stage::falling;
 }
 
-std::vector<step> steps_for(const std::vector<change>& changes) {
+/** Adds a change to steps; those of one register are one step. */
+void add_step(std::vector<step>& steps, const change& each) {
+    const reg_info* const reg = each.target->reg;
+    const auto same = std::find_if(steps.begin(), steps.end(), [reg](const step& s) {
+        return reg != nullptr && s.front().target->reg == reg;
+    });
+    (same == steps.end() ? steps.emplace_back() : *same).push_back(each);
+}
+
+std::vector<step> steps_in_order(const std::vector<change>& changes) {
+    std::vector<step> steps;
+    for (const change& each : changes) {
+        add_step(steps, each);
+    }
+    return steps;
+}
+
+std::vector<step> steps_by_stage(const std::vector<change>& changes) {
     std::vector<step> steps;
     for (const stage now : {stage::rising, stage::registers, stage::falling}) {
         for (const change& each : changes) {
-            if (stage_of(each) != now) {
-                continue;
+            if (stage_of(each) == now) {
+                add_step(steps, each);
             }
-            const reg_info* const reg = each.target->reg;
-            const auto same = std::find_if(steps.begin(), steps.end(), [&](const step& s) {
-                return reg != nullptr && s.front().target->reg == reg;
-            });
-            (same == steps.end() ? steps.emplace_back() : *same).push_back(each);
         }
     }
     return steps;
@@ -79,11 +91,41 @@ void put_back(const step& s, change_report& report) {
         const knob& k = *now[i].source;
         const bool is_back = now[i].code == before[i].code;
         report.is_back = report.is_back && is_back;
-        report.holds.push_back(
-            k.name() +
-            (now[i].code ? " = " + to_text(k, *now[i].code) : " cannot be read: " + now[i].reason) +
-            (is_back ? " # as before" : " # not put back to " + to_text(k, before[i].code)));
+        std::string line = k.name();
+        if (now[i].code) {
+            line += " = " + to_text(k, *now[i].code);
+        } else {
+            line += " cannot be read: " + now[i].reason;
+        }
+        if (is_back) {
+            line += " # as before";
+        } else {
+            line += " # not put back to " + to_text(k, before[i].code);
+        }
+        report.holds.push_back(line);
     }
+}
+
+using backwards = std::vector<step>::const_reverse_iterator;
+
+void put_back(backwards begin, backwards end, change_report& report) {
+    for (auto each = begin; each != end; ++each) {
+        put_back(*each, report);
+    }
+}
+
+/** Takes one step after the other, or puts all back. */
+change_report take(const std::vector<step>& steps) {
+    change_report report;
+    const signals_held_back held_back;
+    for (auto done = steps.begin(); done != steps.end(); ++done) {
+        if (const auto why = write_and_check(settings(*done, &change::after))) {
+            report.failure = *why;
+            put_back(std::make_reverse_iterator(done + 1), steps.rend(), report);
+            break;
+        }
+    }
+    return report;
 }
 
 } // namespace
@@ -112,17 +154,17 @@ std::string voltage_mistake(const change& wanted) {
 }
 
 change_report change_board(const std::vector<change>& changes) {
+    return take(steps_by_stage(changes));
+}
+
+change_report change_in_order(const std::vector<change>& changes) {
+    return take(steps_in_order(changes));
+}
+
+change_report undo(const std::vector<change>& changes) {
     change_report report;
-    const std::vector<step> steps = steps_for(changes);
+    const std::vector<step> steps = steps_in_order(changes);
     const signals_held_back held_back;
-    for (auto done = steps.begin(); done != steps.end(); ++done) {
-        if (const auto why = write_and_check(settings(*done, &change::after))) {
-            report.failure = *why;
-            for (auto back = std::make_reverse_iterator(done + 1); back != steps.rend(); ++back) {
-                put_back(*back, report);
-            }
-            break;
-        }
-    }
+    put_back(steps.rbegin(), steps.rend(), report);
     return report;
 }

@@ -44,3 +44,12 @@ struct change_report {
  * Signals that would end or stop the process wait meanwhile.
  */
 change_report change_board(const std::vector<change>& changes);
+
+/** The same, but all in the order given. */
+change_report change_in_order(const std::vector<change>& changes);
+
+/**
+ * Puts changes back that were made in the order given: the last one first. Under the lock.
+ * @return what became of that: `is_back`, and what each property holds
+ */
+change_report undo(const std::vector<change>& changes);

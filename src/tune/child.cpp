@@ -42,10 +42,6 @@ std::string read_to_end(int fd) {
     return text;
 }
 
-std::string no_child() {
-    return std::string("no child process: ") + std::strerror(errno);
-}
-
 std::string reason(int status, std::string said) {
     while (said.ends_with('\n')) {
         said.pop_back();
@@ -74,20 +70,18 @@ bool write_standard_stream(standard_stream, std::string_view text) {
 }
 
 std::optional<std::string> run_in_child(const std::function<void()>& work) {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) == -1) {
-        return no_child();
-    }
-    const pid_t child = fork();
+    int ends[2] = {-1, -1};
+    const pid_t child = pipe2(ends, O_CLOEXEC) == -1 ? -1 : fork();
+    const int error = errno;
     if (child == 0) {
         to_parent = ends[1];
         be_child(work);
     }
     close(ends[1]);
-    const std::string said = child == -1 ? no_child() : read_to_end(ends[0]);
+    const std::string said = read_to_end(ends[0]);
     close(ends[0]);
     if (child == -1) {
-        return said;
+        return std::string("no child process: ") + std::strerror(error);
     }
     int status = 0;
     waitpid(child, &status, 0);

@@ -40,7 +40,7 @@ struct shared_reading {
  * @throw mistake when there is not so much memory
  */
 const shared_array<shared_reading>& room_for(std::size_t count) {
-    static std::unique_ptr<shared_array<shared_reading>> room;
+    static auto room = std::unique_ptr<shared_array<shared_reading>>();
     static std::size_t size = 0;
     if (!room || size < count) {
         room = std::make_unique<shared_array<shared_reading>>(count);
@@ -52,6 +52,17 @@ const shared_array<shared_reading>& room_for(std::size_t count) {
     return *room;
 }
 
+/** What a file holds: it keeps nothing for this process, and cannot end it. */
+reading read_file(const knob& k) {
+    reading one{&k, std::nullopt, "", false};
+    try {
+        one.code = read_code(k);
+    } catch (const mistake& problem) {
+        one.reason = problem.what();
+    }
+    return one;
+}
+
 } // namespace
 
 std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
@@ -59,10 +70,18 @@ std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
     std::vector<reading> readings;
     std::set<const reg_info*> dead;
     while (readings.size() < knobs.size()) {
-        // One child for as many as it gets through.
         const std::size_t begin = readings.size();
+        if (!knobs[begin]->in_register()) {
+            readings.push_back(read_file(*knobs[begin]));
+            continue;
+        }
+        // One child for as many registers as it gets through.
+        const auto first = knobs.begin() + static_cast<std::ptrdiff_t>(begin);
+        const auto last =
+            std::find_if(first, knobs.end(), [](const knob* k) { return !k->in_register(); });
+        const auto end = static_cast<std::size_t>(last - knobs.begin());
         const auto read_them = [&] {
-            for (std::size_t i = begin; i < knobs.size(); ++i) {
+            for (std::size_t i = begin; i < end; ++i) {
                 if (!dead.contains(knobs[i]->reg)) {
                     shared[i].code = read_code(*knobs[i]);
                     shared[i].done = true;
@@ -70,7 +89,7 @@ std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
             }
         };
         const std::optional<std::string> why = run_in_child(read_them);
-        for (std::size_t i = begin; i < knobs.size(); ++i) {
+        for (std::size_t i = begin; i < end; ++i) {
             reading one{knobs[i], std::nullopt, "", false};
             const bool repeated = dead.contains(knobs[i]->reg);
             if (shared[i].done) {
@@ -81,9 +100,7 @@ std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
             }
             readings.push_back(one);
             if (!one.code && !repeated) {
-                if (knobs[i]->in_register()) {
-                    dead.insert(knobs[i]->reg);
-                }
+                dead.insert(knobs[i]->reg);
                 break; // the next child begins behind it
             }
         }

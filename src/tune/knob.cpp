@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/orlin/reg_bitmask_dq.hpp"
+#include "platform/orlin/reg_info_orlin_ddr.hpp"
 #include "property/property_file.hpp"
 #include "property/property_register.hpp"
 #include "property/property_regulator_voltage.hpp"
@@ -97,6 +98,11 @@ std::uint32_t knob::most() const {
     default:
         return field->mask();
     }
+}
+
+std::uint32_t knob::select_address() const {
+    const auto* const selected = dynamic_cast<const orlin::reg_info_orlin_ddr*>(reg);
+    return selected == nullptr ? 0 : selected->m_sel_addr;
 }
 
 std::vector<const knob*> knob::parts() const {

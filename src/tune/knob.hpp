@@ -44,8 +44,12 @@ struct knob {
     reg_info* reg = nullptr;      ///< of a register's field
     reg_bitmask* field = nullptr; ///< likewise
 
+    /** The address of the select register through which it is reached; 0 for none. */
+    std::uint32_t select_address() const;
+
     /** Of a set, in its order; filled by `knobs`. */
     std::vector<const knob*> lanes;
+    bool is_in_set = false; ///< it is such a lane
 
     /** The knobs that have codes: its lanes, or the knob itself. */
     std::vector<const knob*> parts() const;

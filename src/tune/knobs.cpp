@@ -50,7 +50,9 @@ knobs::knobs() {
     for (knob& k : m_all) {
         if (k.kind == knob_kind::set) {
             for (const std::string& lane : dynamic_cast<property_set&>(*k.property_of).m_members) {
-                k.lanes.push_back(m_by_name.at(lane));
+                knob& its_lane = *m_by_name.at(lane);
+                its_lane.is_in_set = true;
+                k.lanes.push_back(&its_lane);
             }
         }
     }
@@ -65,6 +67,16 @@ const knob& knobs::named(const std::string& name) const {
         throw mistake(in_quotes(name) + " is a group: name one of its properties");
     }
     fail("property", name);
+}
+
+std::vector<const knob*> knobs::all_but_lanes_of_sets() const {
+    std::vector<const knob*> found;
+    for (const knob& k : m_all) {
+        if (!k.is_in_set) {
+            found.push_back(&k);
+        }
+    }
+    return found;
 }
 
 std::vector<const knob*> knobs::chosen(const std::vector<std::string>& names) const {

@@ -19,6 +19,9 @@ public:
     /** The knob of exactly this name. @throw mistake that offers the nearest names */
     const knob& named(const std::string& name) const;
 
+    /** All that is not one of a set's lanes. */
+    std::vector<const knob*> all_but_lanes_of_sets() const;
+
     /**
      * The knobs that names stand for, in the order of `brisel -l`, none twice. A name is first a
      * property's, then a group's, then a pattern over the properties' names, as the shell has it.
@@ -31,7 +34,7 @@ private:
     [[noreturn]] void fail(const std::string& what, const std::string& name) const;
 
     std::deque<knob> m_all;
-    std::map<std::string, const knob*> m_by_name;
+    std::map<std::string, knob*> m_by_name;
 };
 
 /** The knobs with codes among these: sets are replaced by their lanes. */

@@ -76,7 +76,7 @@ std::string lock_holder(const std::string& locks, unsigned long inode) {
     return ", process " + locks.substr(process, place - process);
 }
 
-void take_lock(std::optional<double> seconds) {
+void take_lock(std::optional<double> seconds, bool quiet) {
     constexpr double patience = 0.5;
     constexpr double forever = 1e9;
     lock_fd = open(instance_lock_path, O_RDWR | O_CREAT | O_CLOEXEC, 0666);
@@ -89,7 +89,7 @@ void take_lock(std::optional<double> seconds) {
                            std::chrono::duration<double>(wait));
     };
     const double most = seconds.value_or(forever);
-    if (lock_until(after(std::min(patience, most)))) {
+    if (lock_until(after(quiet ? most : std::min(patience, most)))) {
         return;
     }
     struct stat file {};

@@ -12,9 +12,10 @@
  * Takes the lock. After half a second of waiting it says so on standard error, with the process
  * that holds it.
  * @param seconds how long to wait at most
+ * @param quiet   whether it says nothing: a value that is tried waits to be put back
  * @throw mistake when the file cannot be opened or locked, or the time is over
  */
-void take_lock(std::optional<double> seconds);
+void take_lock(std::optional<double> seconds, bool quiet = false);
 
 /**
  * ", process 1234", with the one that holds a lock.

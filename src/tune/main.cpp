@@ -1,12 +1,10 @@
+#include <algorithm>
 #include <csignal>
-#include <cstdlib>
-#include <cstring>
 #include <limits>
 #include <string>
 #include <string_view>
 
 #include <fcntl.h>
-#include <getopt.h>
 #include <unistd.h>
 
 #include "platform/register_properties.hpp"
@@ -17,6 +15,7 @@
 #include "tune/commands.hpp"
 #include "tune/console.hpp"
 #include "tune/mistake.hpp"
+#include "tune/options.hpp"
 #include "tune/text.hpp"
 
 namespace {
@@ -52,6 +51,11 @@ constexpr command commands[] = {
     {"save", "[-o FILE] NAME... | --all", "notes a tuning", save_values, 0, any_number, "oa"},
     {"diff", "FILE [FILE]", "compares a tuning with the board, or with another one",
      show_differences, 1, 2, ""},
+    {"sweep", "AXIS [AXIS] -- COMMAND...", "runs COMMAND at each value of one or two knobs",
+     sweep_axes, 1, 2, "osrTSltcaCR"},
+    {"best", "LOG...", "the middle of each lane's widest window, as a tuning", find_best, 1,
+     any_number, ""},
+    {"restore", "[--force] LOG", "puts back what a sweep found", restore_values, 1, 1, "f"},
     {"apply", "[-n] FILE", "sets what differs, or nothing; -n shows what it would set",
      apply_tuning, 1, 1, "n"},
 };
@@ -79,64 +83,8 @@ const command& command_named(const std::string& name) {
     throw mistake("no such command: " + in_quotes(name) + "; see brisel-tune --help");
 }
 
-double to_seconds(const char* text) {
-    char* end = nullptr;
-    const double seconds = std::strtod(text, &end);
-    if (end == text || *end != '\0' || !(seconds >= 0 && seconds < 1e9)) {
-        throw mistake("--wait takes a number of seconds, not " + in_quotes(text));
-    }
-    return seconds;
-}
-
-/** The option that getopt does not know: a letter, which may stand among others, or a word. */
-std::string option_in(char* argv[]) {
-    return optopt != 0 && std::strchr(argv[optind - 1], '=') == nullptr
-               ? std::string("-") + static_cast<char>(optopt)
-               : argv[optind - 1];
-}
-
-/** What the words of the command line say. */
-struct parsed_words {
-    command_line words;
-    std::string options; ///< the letters of those given, but --wait
-};
-
-/** Takes in all options, wherever they stand. @throw mistake for one that there is not */
-parsed_words parse_words(int argc, char* argv[]) {
-    const option options[] = {
-        {"help", no_argument, nullptr, 'h'},       {"version", no_argument, nullptr, 'v'},
-        {"wait", required_argument, nullptr, 'w'}, {"json", no_argument, nullptr, 'j'},
-        {"all", no_argument, nullptr, 'a'},        {nullptr, 0, nullptr, 0}};
-    parsed_words parsed;
-    for (int found = 0; (found = getopt_long(argc, argv, ":hno:", options, nullptr)) != -1;) {
-        switch (found) {
-        case '?':
-            throw mistake("unknown option: " + in_quotes(option_in(argv)));
-        case ':':
-            throw mistake("option without its argument: " + in_quotes(argv[optind - 1]));
-        case 'w':
-            parsed.words.wait_seconds = to_seconds(optarg);
-            continue;
-        case 'o':
-            parsed.words.output = optarg;
-            break;
-        default:
-            break;
-        }
-        parsed.options += static_cast<char>(found);
-    }
-    const auto given = [&](char letter) {
-        return parsed.options.find(letter) != std::string::npos;
-    };
-    parsed.words.json = given('j');
-    parsed.words.all = given('a');
-    parsed.words.dry_run = given('n');
-    parsed.words.operands.assign(argv + optind, argv + argc);
-    return parsed;
-}
-
 tune_status act(int argc, char* argv[]) {
-    auto [words, options] = parse_words(argc, argv);
+    auto [words, options] = parse_words({argv + std::min(argc, 1), argv + argc});
     if (options.find('h') != std::string::npos) {
         show(usage());
         return tune_status::done;
@@ -150,6 +98,9 @@ tune_status act(int argc, char* argv[]) {
     }
     const command& its_command = command_named(words.operands.front());
     words.operands.erase(words.operands.begin());
+    if (its_command.run != sweep_axes) {
+        words.operands.insert(words.operands.end(), words.test.begin(), words.test.end());
+    }
     const std::size_t count = words.operands.size();
     if (options.find_first_not_of(its_command.options) != std::string::npos ||
         count < its_command.least || count > its_command.most) {

@@ -1,14 +1,10 @@
 #include <algorithm>
-#include <ctime>
-
-#include <sys/utsname.h>
 
 #include "tune/board_hold.hpp"
 #include "tune/commands.hpp"
 #include "tune/console.hpp"
+#include "tune/machine.hpp"
 #include "tune/mistake.hpp"
-#include "tune/read_text.hpp"
-#include "tune/text.hpp"
 #include "tune/value_text.hpp"
 #include "tune/whole_file.hpp"
 
@@ -39,24 +35,6 @@ void add_lines(const std::vector<const knob*>& wanted, const std::vector<reading
     }
 }
 
-/** The board's model, where the kernel knows it, and what the system calls itself. */
-std::string machine() {
-    const std::string model = read_text("/proc/device-tree/model", "");
-    utsname system{};
-    uname(&system);
-    const std::string name = std::string(system.nodename) + " (" + system.machine + ")";
-    return std::string(without_blanks(model.substr(0, model.find('\0')) + " " + name));
-}
-
-std::string utc_time() {
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    gmtime_r(&now, &parts);
-    char text[32];
-    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S UTC", &parts);
-    return text;
-}
-
 } // namespace
 
 tune_status get_values(const knobs& all, const command_line& words) {
@@ -78,11 +56,10 @@ tune_status save_values(const knobs& all, const command_line& words) {
     if (words.all == !words.operands.empty()) {
         throw mistake("save takes either --all or names");
     }
-    std::vector<std::string> names = words.operands;
-    if (words.all) {
-        names.push_back("*");
+    std::vector<const knob*> wanted = all.all_but_lanes_of_sets();
+    if (!words.all) {
+        wanted = all.chosen(words.operands);
     }
-    const std::vector<const knob*> wanted = all.chosen(names);
     std::vector<const knob*> writable;
     std::string head = "# brisel-tune " BRISEL_VERSION ", " + machine() + ", " + utc_time() + "\n";
     for (const knob* k : wanted) {

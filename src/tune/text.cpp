@@ -36,3 +36,7 @@ std::string joined(const std::vector<std::string>& pieces, const char* between) 
     }
     return text;
 }
+
+std::string counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}

@@ -13,5 +13,8 @@ std::string in_quotes(std::string_view text);
 /** What is not printable ASCII as \xNN: a terminal takes it for nothing else. Line feeds stay. */
 std::string printable(std::string_view text);
 
+/** "1 point", "2 points". */
+std::string counted(std::size_t count, const std::string& noun);
+
 /** All pieces, with the same text between each two. */
 std::string joined(const std::vector<std::string>& pieces, const char* between);

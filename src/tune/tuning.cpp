@@ -16,15 +16,6 @@ struct claimed_bits {
     const tuning_line* line;
 };
 
-/** Whether two knobs of one place share bits: every lane of a register has a word of its own. */
-bool meet(const knob& a, const knob& b) {
-    if (&a == &b) {
-        return true;
-    }
-    return a.kind != knob_kind::lane &&
-           ((a.field->mask() << a.field->shift()) & (b.field->mask() << b.field->shift())) != 0;
-}
-
 /** Adds a mistake for each line that names bits which a line above it names, too. */
 void check_bits(const std::vector<tuning_line>& lines, std::vector<std::string>& mistakes) {
     std::multimap<const void*, claimed_bits> claimed;
@@ -36,14 +27,17 @@ void check_bits(const std::vector<tuning_line>& lines, std::vector<std::string>&
             const void* const place =
                 part->in_register() ? static_cast<const void*>(part->reg) : part;
             const auto [begin, end] = claimed.equal_range(place);
-            const auto other = std::find_if(
-                begin, end, [part](const auto& entry) { return meet(*part, *entry.second.part); });
+            const auto other = std::find_if(begin, end, [part](const auto& entry) {
+                return share_bits(*part, *entry.second.part);
+            });
             if (other != end) {
                 const tuning_line& above = *other->second.line;
-                const bool same = line.target == above.target;
-                mistakes.push_back(line.where + ": " + line.target->name() +
-                                   (same ? " is named" : " shares bits with ") +
-                                   (same ? "" : above.target->name()) + " at " + above.where);
+                std::string what = " is named";
+                if (line.target != above.target) {
+                    what = " shares bits with " + above.target->name();
+                }
+                mistakes.push_back(line.where + ": " + line.target->name() + what + " at " +
+                                   above.where);
                 break;
             }
             claimed.insert({place, {part, &line}});
@@ -64,6 +58,12 @@ tuning_line parse_line(const knobs& all, std::string_view text) {
 }
 
 } // namespace
+
+bool share_bits(const knob& a, const knob& b) {
+    return &a == &b ||
+           (a.in_register() && a.reg == b.reg && a.kind != knob_kind::lane &&
+            ((a.field->mask() << a.field->shift()) & (b.field->mask() << b.field->shift())) != 0);
+}
 
 std::vector<tuning_line> parse_tuning(const knobs& all, const std::string& text,
                                       const std::string& where) {

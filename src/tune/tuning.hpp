@@ -24,5 +24,8 @@ std::vector<tuning_line> parse_tuning(const knobs& all, const std::string& text,
 /** Throws these mistakes as one, a line each, unless there are none. */
 void refuse(std::vector<std::string> mistakes);
 
+/** Whether two knobs with codes share bits; every lane of a register has a word of its own. */
+bool share_bits(const knob& a, const knob& b);
+
 /** The settings of all lines, one for each part, in their order. */
 std::vector<setting> settings_of(const std::vector<tuning_line>& lines);

@@ -6,13 +6,11 @@
 #include <optional>
 
 #include "base/hexadecimal.hpp"
+#include "tune/lane_delay.hpp"
 #include "tune/mistake.hpp"
 #include "tune/text.hpp"
 
 namespace {
-
-constexpr std::uint32_t upwards = 64; // in a lane's code: the bit that says so
-constexpr std::uint32_t most_delay = 63;
 
 /** A number of up to 32 bits without a sign, decimal or with 0x in front; nothing for another text.
  */
@@ -29,12 +27,12 @@ std::optional<std::uint32_t> to_number(std::string_view text) {
 }
 
 /** The code for a delay such as "d+5". */
-std::optional<std::uint32_t> to_lane_code(std::string_view text) {
+std::optional<std::uint32_t> parse_lane_code(std::string_view text) {
     if (!text.starts_with("d+") && !text.starts_with("d-")) {
         return to_number(text);
     }
     const std::optional<std::uint32_t> delay = to_number(text.substr(2));
-    if (!delay || *delay > most_delay) {
+    if (!delay || *delay > static_cast<std::uint32_t>(most_delay)) {
         return std::nullopt;
     }
     return text[1] == '+' ? upwards + *delay : *delay;
@@ -61,7 +59,7 @@ std::optional<std::uint32_t> to_mapped_code(const knob& k, std::string_view text
 }
 
 std::uint32_t to_code(const knob& k, std::string_view text) {
-    const std::optional<std::uint32_t> code = k.kind == knob_kind::lane ? to_lane_code(text)
+    const std::optional<std::uint32_t> code = k.kind == knob_kind::lane ? parse_lane_code(text)
                                               : k.kind == knob_kind::mapped
                                                   ? to_mapped_code(k, text)
                                                   : to_number(text);
@@ -78,23 +76,24 @@ std::uint32_t to_code(const knob& k, std::string_view text) {
     return *code;
 }
 
+[[noreturn]] void refuse_set(const knob& k, const std::string& what) {
+    throw mistake(k.name() + " takes " + std::to_string(k.lanes.size()) +
+                  " values in braces, '{V,...}', in quotes on a command line; " + what);
+}
+
 } // namespace
 
 std::vector<std::uint32_t> parse_value(const knob& k, std::string_view text) {
     if (k.kind != knob_kind::set) {
         return {to_code(k, text)};
     }
-    const auto refuse = [&k](const std::string& what) {
-        throw mistake(k.name() + " takes " + std::to_string(k.lanes.size()) +
-                      " values in braces, '{V,...}', in quotes on a command line; " + what);
-    };
     if (!text.starts_with('{') || !text.ends_with('}')) {
-        refuse("there are no braces");
+        refuse_set(k, "there are no braces");
     }
     text = text.substr(1, text.size() - 2);
     const auto count = static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + 1;
     if (count != k.lanes.size()) {
-        refuse("there are " + std::to_string(count));
+        refuse_set(k, "there are " + std::to_string(count));
     }
     std::vector<std::uint32_t> codes;
     for (const knob* lane : k.lanes) {

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <string_view>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -15,7 +14,15 @@
 
 namespace {
 
-/** Writes a text to a file of the disk, which takes all of it or reports an error: then -1. */
+/** The permissions that new files do not get. */
+mode_t file_mask() {
+    const mode_t mask = umask(0); // which is only told by setting it
+    umask(mask);
+    return mask;
+}
+
+} // namespace
+
 int write_all(int fd, std::string_view text) {
     while (!text.empty()) {
         const ssize_t size = write(fd, text.data(), text.size());
@@ -26,15 +33,6 @@ int write_all(int fd, std::string_view text) {
     }
     return 0;
 }
-
-/** The permissions that new files do not get. */
-mode_t file_mask() {
-    const mode_t mask = umask(0); // which is only told by setting it
-    umask(mask);
-    return mask;
-}
-
-} // namespace
 
 void write_whole(const std::string& path, const std::string& text) {
     std::string target = path;

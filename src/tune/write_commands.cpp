@@ -1,11 +1,15 @@
 #include <algorithm>
+#include <functional>
 
 #include "tune/board_hold.hpp"
 #include "tune/change.hpp"
 #include "tune/commands.hpp"
 #include "tune/console.hpp"
+#include "tune/lane_watch.hpp"
+#include "tune/machine.hpp"
 #include "tune/mistake.hpp"
 #include "tune/read_text.hpp"
+#include "tune/sweep_log.hpp"
 #include "tune/text.hpp"
 #include "tune/tuning.hpp"
 #include "tune/value_text.hpp"
@@ -55,10 +59,26 @@ struct outcome {
     std::vector<reading> before;
     std::vector<change> changes;
     change_report report;
+    std::vector<std::string> strangers; ///< lanes that nobody set and that changed
 };
 
+/** Which lanes are watched while a board is changed. */
+enum class watch { none, its_phys };
+
+/** The knobs that change, or none of them. */
+std::vector<const knob*> watched(const std::vector<change>& changes, watch which) {
+    std::vector<const knob*> knobs;
+    for (const change& each : changes) {
+        if (which == watch::its_phys) {
+            knobs.push_back(each.target);
+        }
+    }
+    return knobs;
+}
+
 /** @throw mistake as long as nothing is written */
-outcome carry_out(const std::vector<tuning_line>& lines, const command_line& words) {
+outcome carry_out(const knobs& all, const std::vector<tuning_line>& lines,
+                  const command_line& words, watch which) {
     check_writable(lines);
     const std::vector<setting> wanted = settings_of(lines);
     const std::vector<const knob*> targets = targets_of(wanted);
@@ -70,22 +90,26 @@ outcome carry_out(const std::vector<tuning_line>& lines, const command_line& wor
         result.changes = changes_to(wanted, result.before);
         check_voltages(lines, result.changes);
         if (!words.dry_run) {
+            lane_watch lanes(all, watched(result.changes, which));
+            lanes.look();
             result.report = change_board(result.changes);
+            result.strangers = lanes.changed(targets);
         }
     }
     return result;
 }
 
 /** Makes the board what the lines say, or leaves it as it is. */
-template <class Lines>
-tune_status bring_about(const Lines& read_lines, const command_line& words) {
+tune_status bring_about(const knobs& all,
+                        const std::function<std::vector<tuning_line>()>& read_lines,
+                        const command_line& words, watch which) {
     outcome result;
     try {
         const std::vector<tuning_line> lines = read_lines();
         if (lines.empty()) {
             say("there is no line that sets anything");
         }
-        result = carry_out(lines, words);
+        result = carry_out(all, lines, words, which);
     } catch (const mistake& problem) {
         throw mistake(std::string(problem.what()) + "\nnothing was written");
     }
@@ -93,12 +117,17 @@ tune_status bring_about(const Lines& read_lines, const command_line& words) {
         say("nothing was written");
         return tune_status::differs;
     }
+    say(joined(result.strangers, "\n"));
     const change_report& report = result.report;
     if (report.failure.empty()) {
         try {
             show(shown(result.changes, words.dry_run ? "is " : "was "));
         } catch (const mistake& problem) {
-            throw mistake(std::string(problem.what()) + (words.dry_run ? "" : "; all was set"));
+            std::string what = problem.what();
+            if (!words.dry_run) {
+                what += "; all was set";
+            }
+            throw mistake(what);
         }
         return words.dry_run && !result.changes.empty() ? tune_status::differs : tune_status::done;
     }
@@ -123,10 +152,28 @@ tune_status set_values(const knobs& all, const command_line& words) {
         }
         return parse_tuning(all, text, "argument");
     };
-    return bring_about(read_lines, words);
+    return bring_about(all, read_lines, words, watch::none);
 }
 
 tune_status apply_tuning(const knobs& all, const command_line& words) {
     const std::string& file = words.operands.front();
-    return bring_about([&] { return parse_tuning(all, read_text(file), file); }, words);
+    const auto read_lines = [&] { return parse_tuning(all, read_text(file), file); };
+    return bring_about(all, read_lines, words, watch::its_phys);
+}
+
+tune_status restore_values(const knobs& all, const command_line& words) {
+    const std::string& file = words.operands.front();
+    const auto read_lines = [&] {
+        const sweep_log log = parse_log(read_text(file), file);
+        const sweep_session* session = &log.sessions.front();
+        if (!words.force) {
+            session = session_of(log, boot_id());
+        }
+        if (session == nullptr) {
+            throw mistake(file +
+                          ": nothing was swept in this boot; --force takes the first one's values");
+        }
+        return parse_tuning(all, session->before, file);
+    };
+    return bring_about(all, read_lines, words, watch::its_phys);
 }

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include "cli/texts.hpp"
-#include "support/text_file.hpp"
 #include "tune/tune_case.hpp"
 
 // Whatever fails while a tuning is applied, and whenever a user ends it: the board holds the old
@@ -16,9 +15,14 @@
 namespace tune_failing_apply_test {
 
 const std::string cpu = "cpu_regulator::microvolts";
-const std::string tuning = cpu + " = 1010000\n" + sda + " = 12\nmac-tx::delay = 4\n" + lanes +
-                           " = {1,2,3,4,5,6,7,8}\nmmc::rdqs = 50\n"
-                           "gpu_regulator::microvolts = 900000\n";
+// By `set`, which does what `apply` does, but for the lanes that `apply` looks at beside it.
+const std::vector<std::string> new_tuning = {"set",
+                                             cpu + "=1010000",
+                                             sda + "=12",
+                                             "mac-tx::delay=4",
+                                             lanes + "={1,2,3,4,5,6,7,8}",
+                                             "mmc::rdqs=50",
+                                             "gpu_regulator::microvolts=900000"};
 const std::vector<std::string> names = {cpu,   sda,         "mac-tx::delay",
                                         lanes, "mmc::rdqs", "gpu_regulator::microvolts"};
 
@@ -34,7 +38,7 @@ struct tunings {
     tunings() {
         const board on_board;
         before = held(on_board);
-        EXPECT_EQ(run_tune(on_board, {"apply", tuning_file}, tuning).status, 0);
+        EXPECT_EQ(run_tune(on_board, new_tuning).status, 0);
         after = held(on_board);
     }
     std::string before;
@@ -53,10 +57,8 @@ TEST_P(FailingApply, LeavesTheOldTuningOrTheNewOneOrSaysWhatIsThere) {
     for (int number = 1;; ++number) {
         SCOPED_TRACE(number);
         const board on_board;
-        const std::string file = on_board.path("/tmp/tuning");
-        write_text(file, tuning);
         const run_result run = on_board.capture(on_board.launch_bare(
-            {"apply", file}, "fail " + GetParam() + " " + std::to_string(number), "brisel-tune"));
+            new_tuning, "fail " + GetParam() + " " + std::to_string(number), "brisel-tune"));
         const bool has_failed =
             testing::Value(on_board.trace(), testing::Contains(testing::HasSubstr(" failed: ")));
         const std::string now = held(on_board);
@@ -109,10 +111,8 @@ TEST_P(InterruptedApply, LeavesTheOldTuningOrTheNewOne) {
     for (int number = by.first;; number += by.step) {
         SCOPED_TRACE(number);
         const board on_board;
-        const std::string file = on_board.path("/tmp/tuning");
-        write_text(file, tuning);
         program_start apply = on_board.launch_bare(
-            {"apply", file}, "signal " + call + " " + std::to_string(number) + " " + by.name,
+            new_tuning, "signal " + call + " " + std::to_string(number) + " " + by.name,
             "brisel-tune");
         apply.leads_group = true;
         const run_result run = on_board.capture(std::move(apply));

@@ -7,12 +7,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include "property/property_group.hpp"
 #include "property/property_register.hpp"
 #include "support/fake_property.hpp"
+#include "support/limited.hpp"
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
 #include "tune/child.hpp"
@@ -32,23 +32,6 @@ namespace tune_parts_test {
 
 using testing::Optional;
 using testing::ThrowsMessage;
-
-/** A limit of this process, for as long as it lives. */
-class limited {
-public:
-    limited(__rlimit_resource what, rlim_t most) : m_what(what) {
-        getrlimit(what, &m_before);
-        const rlimit limit{most, m_before.rlim_max};
-        setrlimit(what, &limit);
-    }
-    ~limited() { setrlimit(m_what, &m_before); }
-    limited(const limited&) = delete;
-    limited& operator=(const limited&) = delete;
-
-private:
-    __rlimit_resource m_what;
-    rlimit m_before{};
-};
 
 TEST(RunInChild, DoesItsWorkInAProcessOfItsOwn) {
     const shared_array<pid_t> process(1);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <regex>
 
 namespace {
 
@@ -9,6 +10,19 @@ void replace_all(std::string& text, const std::string& from, const std::string& 
     for (std::size_t at = text.find(from); at != std::string::npos;
          at = text.find(from, at + to.size())) {
         text.replace(at, from.size(), to);
+    }
+}
+
+/** A log without what is another one in each run. */
+void make_same(std::string& log) {
+    const std::pair<const char*, const char*> rules[] = {
+        {"(^|\n)machine [^\n]*", "$1machine M"},
+        {"\nversion [^\n]*", "\nversion V"},
+        {"\nsession [^\n]*", "\nsession S"},
+        {" [0-9]+\\.[0-9]{3} s\n", "\n"},
+    };
+    for (const auto& [pattern, text] : rules) {
+        log = std::regex_replace(log, std::regex(pattern), text);
     }
 }
 
@@ -23,5 +37,6 @@ run_result run_tune(const board& on_board, const std::vector<std::string>& args,
     run_result result = on_board.capture(on_board.launch(words, "brisel-tune"));
     replace_all(result.err, path, tuning_file);
     replace_all(result.err, "brisel-tune: ", "");
+    make_same(result.out);
     return result;
 }

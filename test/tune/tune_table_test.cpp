@@ -14,7 +14,9 @@ TEST_P(TuneCommandLine, DoesWhatTheRowSays) {
     EXPECT_EQ(result.out, row.out);
     EXPECT_EQ(result.err, row.err);
     EXPECT_EQ(result.status, row.status);
-    EXPECT_THAT(on_board.accesses(), testing::ElementsAreArray(row.accesses));
+    if (row.accesses != any_accesses) {
+        EXPECT_THAT(on_board.accesses(), testing::ElementsAreArray(row.accesses));
+    }
     for (const auto& [path, text] : row.files) {
         EXPECT_EQ(on_board.file(path), text) << path;
     }
@@ -31,6 +33,7 @@ std::string name_of(const testing::TestParamInfo<tune_case>& row) {
 INSTANTIATE_TEST_SUITE_P(Reading, TuneCommandLine, rows_of(read_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Writing, TuneCommandLine, rows_of(write_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Mistakes, TuneCommandLine, rows_of(mistake_cases), name_of);
+INSTANTIATE_TEST_SUITE_P(Sweeping, TuneCommandLine, rows_of(sweep_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Faults, TuneCommandLine, rows_of(fault_cases_of_tune), name_of);
 
 } // namespace tune_table_test

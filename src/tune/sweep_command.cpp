@@ -1,0 +1,220 @@
+#include <algorithm>
+
+#include "tune/board_hold.hpp"
+#include "tune/change.hpp"
+#include "tune/commands.hpp"
+#include "tune/console.hpp"
+#include "tune/log_writer.hpp"
+#include "tune/machine.hpp"
+#include "tune/mistake.hpp"
+#include "tune/options.hpp"
+#include "tune/precautions.hpp"
+#include "tune/read_text.hpp"
+#include "tune/shell_words.hpp"
+#include "tune/sweep.hpp"
+#include "tune/sweep_grid.hpp"
+#include "tune/sweep_log.hpp"
+#include "tune/text.hpp"
+#include "tune/tuning.hpp"
+#include "tune/user_signals.hpp"
+#include "tune/value_text.hpp"
+
+namespace {
+
+/** What is done, from a command line or from the log that one goes on with. */
+struct sweep_task {
+    command_line words; ///< its operands are the axes
+    std::optional<sweep_log> log;
+};
+
+sweep_task task_of(const command_line& words) {
+    sweep_task task{words, std::nullopt};
+    if (words.sweep.continued) {
+        const std::string& file = words.operands.front();
+        task.log = parse_log(read_text(file), file);
+        task.words = parse_words(task.log->run).words;
+        task.words.operands.erase(task.words.operands.begin()); // "sweep"
+        task.words.wait_seconds = words.wait_seconds;
+        task.words.sweep.lead = words.sweep.lead;
+        task.words.sweep.retry_hangs = words.sweep.retry_hangs;
+        task.words.output = file;
+        if (words.operands.size() > 1 || !words.test.empty() || words.output) {
+            throw mistake("--continue takes a log, and axes, COMMAND and -o from it");
+        }
+    }
+    const std::size_t axes = task.words.operands.size();
+    if (axes - 1 > 1 || task.words.test.empty()) { // there is one, or two
+        throw mistake("usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...");
+    }
+    return task;
+}
+
+/** The command line without what is for one run of the program alone. */
+std::vector<std::string> run_words(const command_line& words) {
+    const sweep_settings& s = words.sweep;
+    std::vector<std::string> result(1, "sweep");
+    const auto add = [&result](const std::string& option, bool given) {
+        if (given) {
+            result.push_back(option);
+        }
+    };
+    add("--together", s.together);
+    add("--all", words.all);
+    add("--no-control", !s.control);
+    add("--stop=" + std::to_string(s.stop), s.stop != sweep_settings().stop);
+    add("--repeat=" + std::to_string(s.repeat), s.repeat != 1);
+    add("--timeout=" + std::to_string(s.timeout.value_or(0)), s.timeout.has_value());
+    add("--settle=" + std::to_string(s.settle), s.settle != 0);
+    result.insert(result.end(), words.operands.begin(), words.operands.end());
+    result.emplace_back("--");
+    result.insert(result.end(), words.test.begin(), words.test.end());
+    return result;
+}
+
+/** The settings that a session of a log began with. */
+std::vector<setting> settings_before(const knobs& all, const sweep_session& session) {
+    return settings_of(parse_tuning(all, session.before, "before"));
+}
+
+/**
+ * What the parts of the axes hold, to be put back after each point. In the boot in which the log
+ * was begun, what it says is put back first: a value that was tried may be there still.
+ */
+std::vector<setting> values_before(const knobs& all, const std::vector<const knob*>& targets,
+                                   const sweep_task& task) {
+    const std::vector<const knob*> parts = parts_of(targets);
+    const board_hold hold(parts, task.words.wait_seconds);
+    const std::vector<reading> now = read_all(parts);
+    std::vector<setting> before;
+    for (const reading& each : now) {
+        if (!each.code) {
+            throw mistake(each.source->name() + ": " + each.reason);
+        }
+        before.push_back({each.source, *each.code});
+    }
+    const sweep_session* session = nullptr;
+    if (task.log) {
+        session = session_of(*task.log, boot_id());
+    }
+    if (session != nullptr) {
+        const std::vector<setting> wanted = settings_before(all, *session);
+        const change_report report = change_board(changes_to(wanted, now));
+        if (!report.failure.empty()) {
+            throw mistake(report.failure);
+        }
+        return wanted;
+    }
+    return before;
+}
+
+/** Says what the board held when the log was begun, and does not hold now. */
+void say_differences(const knobs& all, const sweep_log& log, const std::vector<setting>& before) {
+    for (const setting& then : settings_before(all, log.sessions.front())) {
+        for (const setting& now : before) {
+            if (now.target == then.target && now.code != then.code) {
+                say(now.target->name() + " is " + to_reading(*now.target, now.code) +
+                    " in this boot; it was " + to_reading(*now.target, then.code));
+            }
+        }
+    }
+}
+
+void check_points(const axis& a) {
+    const auto [least, most] = voltage_limits(a.target());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (a.code(i) < least || a.code(i) > most) {
+            throw mistake(a.text(i) + " is outside the limits of " + a.target().name() + ", " +
+                          std::to_string(least) + " to " + std::to_string(most));
+        }
+    }
+}
+
+std::string described(const axis& a) {
+    std::string text = counted(a.size(), "point") + ", " + a.text(0);
+    if (a.size() > 1) {
+        text += " to " + a.text(a.size() - 1);
+    }
+    return text + ", from " + a.text(a.nearest());
+}
+
+/** Says what will be done, and what is at risk. */
+void announce(const std::vector<sweep_grid>& grids, const command_line& words) {
+    for (const sweep_grid& grid : grids) {
+        say(grid.columns.target().name() + ": " + described(grid.columns) +
+            (words.all ? " outwards, all" : " outwards"));
+    }
+    if (const auto& rows = grids.front().rows) {
+        say("for each of " + rows->target().name() + ": " + described(*rows) + " outwards");
+    }
+    for (const std::string& mount : writable_mounts(read_text("/proc/mounts", ""))) {
+        say("mounted for writing: " + mount);
+    }
+}
+
+std::string head_of(const sweep_task& task) {
+    if (task.log) {
+        return task.log->is_cut ? "\ncut\n" : "";
+    }
+    return std::string(log_title) + "\nmachine " + machine() +
+           "\nversion " BRISEL_VERSION "\nrun " + to_shell(run_words(task.words)) + "\n";
+}
+
+std::string session_lines(const std::vector<setting>& before) {
+    std::string lines = "session " + utc_time() + ", boot " + boot_id() + "\n";
+    for (const auto& [k, code] : before) {
+        lines += "before " + k->name() + " = " + to_text(*k, code) + "\n";
+    }
+    return lines;
+}
+
+/** Goes through all grids, and logs how that ends. */
+tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& log) {
+    try {
+        for (sweep_grid& grid : grids) {
+            work.go_through(grid);
+        }
+    } catch (const sweep_end& end) {
+        log.write("end " + end.why.substr(0, end.why.find('\n')) + "\n");
+        say(end.why);
+        return end.status;
+    }
+    log.write("end complete\n");
+    const bool all_passed = std::all_of(grids.begin(), grids.end(), [](const sweep_grid& grid) {
+        return std::any_of(grid.cells.begin(), grid.cells.end(),
+                           [](const point_result& cell) { return cell.kind == verdict::pass; });
+    });
+    return all_passed ? tune_status::done : tune_status::differs;
+}
+
+} // namespace
+
+tune_status sweep_axes(const knobs& all, const command_line& given) {
+    const sweep_task task = task_of(given);
+    const command_line& words = task.words;
+    const std::vector<const knob*> targets = axis_targets(all, words.operands);
+    std::vector<setting> before;
+    for (const knob* part : parts_of(targets)) {
+        before.push_back({part, part->least()});
+    }
+    make_grids(all, words.operands, words.sweep.together, before); // mistakes come before all else
+    before = values_before(all, targets, task);
+    std::vector<sweep_grid> grids = make_grids(all, words.operands, words.sweep.together, before);
+    for (const sweep_grid& grid : grids) {
+        for (const axis* a : {&grid.columns, grid.rows ? &*grid.rows : &grid.columns}) {
+            if (a->target().kind == knob_kind::regulator) {
+                check_points(*a);
+            }
+        }
+    }
+    if (task.log) {
+        say_differences(all, *task.log, before);
+        fill(grids, task.log->points);
+    }
+    log_writer log(words.output.value_or("-"), task.log.has_value(), words.sweep.lead);
+    announce(grids, words);
+    take_precautions();
+    const user_signals signals;
+    sweep work(all, before, words, log);
+    log.write(head_of(task) + session_lines(before));
+    return go_through(work, grids, log);
+}

@@ -1,0 +1,263 @@
+#include <csignal>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+
+#include "cli/streams.hpp"
+#include "tune/swept_board.hpp"
+
+// Sweeps on boards that die of them, and sweeps that are ended from outside: they go on, and all is
+// as before.
+
+namespace sweep_board_test {
+
+using namespace swept_boards;
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+TEST(SweepOnABoardThatDies, FindsTheWindow) {
+    const swept_board b("eye " + lane + " -4 +7\n");
+    EXPECT_EQ(b.sweep({lane, "--", memory_test}), 2); // one death on each side
+    EXPECT_EQ(b.best(), lane + " = 65 # d+1, window d-4 to d+7, 12 points, margins 5 and 6\n");
+    EXPECT_EQ(b.held(lane), lane + " = 64 # d+0\n");
+    EXPECT_EQ(b.go_on().status, 0); // there is nothing left to be tried
+}
+
+TEST(SweepOnABoardThatDies, GoesThroughAHole) {
+    const swept_board b("eye " + lane + " -4 +7\nhole " + lane + " +3 +4\n");
+    EXPECT_EQ(b.sweep({lane, "--", memory_test}), 2);
+    EXPECT_EQ(b.best(), lane + " = 1 # d-1, window d-4 to d+2, 7 points, margins 3 and 3; also "
+                               "d+5 to d+7\n");
+}
+
+TEST(SweepOnABoardThatDies, TriesEveryPointIfAsked) {
+    const swept_board b("eye " + lane + " -2 +1\n");
+    EXPECT_EQ(b.sweep({"--all", lane + "=d-5..d+5", "--", memory_test}), 7);
+    EXPECT_EQ(b.best(), lane + " = 64 # d+0, window d-2 to d+1, 4 points, margins 2 and 1\n");
+    EXPECT_EQ(b.go_on({"--retry-hangs"}).status, -SIGKILL);
+}
+
+TEST(SweepOnABoardThatDies, BeginsARowInTheMiddleOfItsNeighboursWindow) {
+    const swept_board b("eye " + lane + " -1 +7\nnarrow orlin-ddra-* mac-tx::delay 2 2\n");
+    EXPECT_EQ(b.sweep({lane + "=d-5..d+9", delay + "=1..3", "--", memory_test}), 6);
+    EXPECT_EQ(b.best(), delay + " = 2\n" + lane +
+                            " = 67 # d+3, window d-1 to d+7, 9 points, margins 4 and 4\n");
+    EXPECT_THAT(b.log(),
+                HasSubstr("before " + delay + " = 2\ntry " + lane + "=d+3 " + delay + "=3\npass"));
+}
+
+TEST(SweepOnABoardThatDies, GoesOnFromTheValuesOfTheNewBoot) {
+    const swept_board b("eye " + lane + " -4 +7\n");
+    EXPECT_EQ(b.begin({lane + "=d-6..d+9", "--", memory_test}).status, -SIGKILL);
+    EXPECT_EQ(run_tune(b.on_board(), {"set", lane + "=d+2"}).status, 0); // as boot code might
+    const run_result restored = run_tune(b.on_board(), {"restore", b.log_file()});
+    EXPECT_EQ(restored.status, 2);
+    EXPECT_THAT(restored.err, HasSubstr(": nothing was swept in this boot; --force takes the first "
+                                        "one's values\nnothing was written\n"));
+    write_text(b.on_board().path("/../eyes"), ""); // of a board that dies no message is left
+    const run_result second = b.go_on();
+    EXPECT_EQ(second.status, 0);
+    EXPECT_THAT(second.err, HasSubstr(lane + " is d+2 in this boot; it was d+0\n"));
+    EXPECT_THAT(b.log(), HasSubstr("before " + lane + " = 66\n"));
+    EXPECT_EQ(run_tune(b.on_board(), {"restore", "--force", b.log_file()}).status, 0);
+    EXPECT_EQ(b.held(lane), lane + " = 64 # d+0\n");
+}
+
+TEST(SweepInOneBoot, IsPutBackBeforeItGoesOn) {
+    const swept_board b;
+    // Killed while a value is tried: the board keeps it.
+    EXPECT_EQ(b.begin({delay + "=2..4", "--", "sh", "-c",
+                       "[ $BRISEL_VALUE != 3 ] || [ -e $BRISEL_BOARD/again ] || "
+                       "{ touch $BRISEL_BOARD/again; kill -9 $PPID; sleep 1000; }"})
+                  .status,
+              -SIGKILL);
+    EXPECT_EQ(b.held(delay), delay + " = 3\n");
+    const run_result restored = run_tune(b.on_board(), {"restore", b.log_file()});
+    EXPECT_EQ(restored.out, delay + " = 2 # was 3\n");
+    EXPECT_EQ(run_tune(b.on_board(), {"set", delay + "=7"}).status, 0);
+    EXPECT_EQ(b.go_on().status, 0);
+    EXPECT_EQ(b.held(delay), delay + " = 2\n");
+    EXPECT_EQ(b.best(), delay + " = 2 # window 2, 1 point, margins 0 and 0; its first point is the "
+                                "range's\n");
+    EXPECT_EQ(b.go_on({"--retry-hangs"}).status, 0);
+    EXPECT_EQ(b.best(),
+              delay + " = 3 # window 2 to 4, 3 points, margins 1 and 1; its first point is the "
+                      "range\'s; its last point is the range\'s\n");
+}
+
+TEST(SweepInOneBoot, DoesNotGoOnWhereItCannotBePutBack) {
+    const swept_board b;
+    EXPECT_EQ(b.begin({delay + "=2..4", "--", "true"}).status, 0);
+    EXPECT_EQ(run_tune(b.on_board(), {"set", delay + "=7"}).status, 0);
+    write_text(b.on_board().path("/../faults"), "stuck " + delay + " 1\n");
+    const run_result run = b.go_on();
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, delay + " was set to 2 and holds 3\n");
+}
+
+class InterruptedSweep : public testing::TestWithParam<int> {};
+
+TEST_P(InterruptedSweep, PutsBackWhatWasThere) {
+    const std::string number = std::to_string(GetParam());
+    const swept_board b;
+    const run_result run =
+        b.begin({delay + "=2..4", "--", "sh", "-c",
+                 "[ $BRISEL_VALUE != 3 ] || [ -e $BRISEL_BOARD/again ] || { touch "
+                 "$BRISEL_BOARD/again; kill -" +
+                     number + " $PPID; sleep 1000; }"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("brisel-tune: interrupted\n"));
+    EXPECT_EQ(b.held(delay), delay + " = 2\n");
+    EXPECT_THAT(b.log(), HasSubstr("\nend interrupted\n"));
+    EXPECT_EQ(b.go_on().status, 0); // and tries that point again
+    EXPECT_THAT(b.best(), StartsWith(delay + " = 3 # window 2 to 4"));
+}
+
+INSTANTIATE_TEST_SUITE_P(By, InterruptedSweep, testing::Values(SIGINT, SIGTERM, SIGHUP));
+
+TEST(SweepOnABoard, EndsBetweenTwoPointsToo) {
+    const swept_board b;
+    const run_result run = b.begin({delay + "=2..4", "--", "true"}, "signal mmap 2 SIGTERM");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(b.held(delay), delay + " = 2\n");
+}
+
+TEST(SweepOnABoard, IsInterruptedInTheCheckOfMemoryToo) {
+    const swept_board b;
+    const run_result run =
+        b.begin({delay + "=3", "--", "sh", "-c",
+                 "[ $BRISEL_VALUE = 2 ] || exit 1; kill -INT $PPID; sleep 1000"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(b.log(), HasSubstr("\nend interrupted\n"));
+}
+
+TEST(SweepOnABoard, GoesOnWhereverItWasKilled) {
+    int killed = 0;
+    for (int number = 1;; ++number) {
+        SCOPED_TRACE(number);
+        const swept_board b;
+        const run_result run = b.begin({"--all", delay + "=1..5", "--", "true"},
+                                       "signal mmap " + std::to_string(number) + " SIGKILL");
+        if (run.status == 0) {
+            break;
+        }
+        ++killed;
+        EXPECT_EQ(run.status, -SIGKILL);
+        if (!testing::Value(b.log(), HasSubstr("before"))) {
+            continue; // nothing had been tried
+        }
+        EXPECT_EQ(b.go_on().status, 0);
+        EXPECT_EQ(b.held(delay), delay + " = 2\n");
+        // All pass but the point in progress, which is a hang: it is not tried again.
+        EXPECT_EQ(count_of("\ntry ", b.log()), 5);
+        EXPECT_EQ(count_of("\npass ", b.log()), 4);
+        if (HasFailure()) {
+            break;
+        }
+    }
+    EXPECT_GT(killed, 20);
+}
+
+TEST(SweepLogOnABoard, MayBeReadFromStandardInput) {
+    const swept_board b;
+    EXPECT_EQ(b.begin({delay + "=2..4", "--", "true"}).status, 0);
+    const std::string log = b.log();
+    const std::size_t cut = log.find("try " + delay + "=4") + 3;
+    write_text(b.log_file(), log.substr(0, cut));
+    program_start program =
+        b.on_board().launch_bare({"sweep", "--lead=0", "--continue", "-"}, "", "brisel-tune");
+    const descriptor in(b.log_file(), O_RDONLY);
+    const std::string rest = b.on_board().path("/tmp/rest");
+    const descriptor out(rest, O_WRONLY | O_CREAT);
+    const descriptor err("/dev/null", O_WRONLY);
+    program.in = in;
+    program.out = out;
+    program.err = err;
+    EXPECT_EQ(wait_for(start(program)), 0);
+    EXPECT_THAT(text_of(rest), StartsWith("\ncut\nsession "));
+    EXPECT_THAT(text_of(rest), HasSubstr("try " + delay + "=4\npass"));
+    EXPECT_THAT(text_of(rest), testing::Not(HasSubstr("=3")));
+}
+
+TEST(SweepLogOnABoard, ThatIsLostEndsItWithAllAsBefore) {
+    const swept_board b;
+    program_start program =
+        b.on_board().launch_bare({"sweep", delay, "--", "true"}, "", "brisel-tune");
+    const descriptor full("/dev/full", O_WRONLY);
+    const std::string said = b.on_board().path("/tmp/said");
+    const descriptor err(said, O_WRONLY | O_CREAT);
+    program.in = full;
+    program.out = full;
+    program.err = err;
+    EXPECT_EQ(wait_for(start(program)), 2);
+    EXPECT_THAT(text_of(said), HasSubstr("standard output: No space left on device\n"));
+    EXPECT_EQ(b.held(delay), delay + " = 2\n");
+}
+
+TEST(SweepOnATerminal, ShowsHowFarItIs) {
+    const swept_board b;
+    program_start program = b.on_board().launch_bare(
+        {"sweep", "-o", b.log_file(), delay + "=2..3", "--", "true"}, "", "brisel-tune");
+    const auto shown = run_in_terminal(std::move(program));
+    if (!shown) {
+        GTEST_SKIP() << no_terminal;
+    }
+    EXPECT_THAT(shown->text(),
+                HasSubstr("\r\033[Kmac-tx::delay: 1 point, 2 pass, 0 s gone, at most "
+                          "0 s left"));
+    EXPECT_THAT(shown->text(),
+                HasSubstr("\r\033[Kbrisel-tune: mac-tx::delay: 2 to 3 pass, 2 points "
+                          "tried\r\n"));
+}
+
+TEST(SweepOnATerminal, HasItsLogElsewhere) {
+    const swept_board b;
+    const auto shown = run_in_terminal(
+        b.on_board().launch_bare({"sweep", delay, "--", "true"}, "", "brisel-tune"));
+    if (!shown) {
+        GTEST_SKIP() << no_terminal;
+    }
+    EXPECT_EQ(shown->status, 2);
+    EXPECT_EQ(shown->text(), "brisel-tune: the log goes to a file, -o FILE, or into a pipe: not to "
+                             "a terminal\r\n");
+}
+
+TEST(SweepLogOnABoard, LeavesTheBoardBeforeAPointIsTried) {
+    const swept_board b;
+    const run_result run = b.on_board().capture(b.on_board().launch_bare(
+        {"sweep", "--lead=0.01", delay + "=3", "--", "true"}, "", "brisel-tune"));
+    EXPECT_EQ(run.status, 0);
+    program_start program = b.on_board().launch_bare(
+        {"sweep", "--lead=0.01", delay + "=3", "--", "true"}, "", "brisel-tune");
+    const stream_result piped = run_into_pipe(std::move(program));
+    EXPECT_EQ(piped.status, 0);
+    EXPECT_THAT(piped.text(), HasSubstr("try " + delay + "=3\npass"));
+}
+
+TEST(SweepOnABoard, SaysWhichLanesItCannotReadAtItsEnd) {
+    const swept_board b;
+    // Reading a lane maps two pages. It is read, then all 68 of the PHY, then it again; of the
+    // second time that all are read, the first one fails, and with it the lanes of its register.
+    const run_result run =
+        b.begin({lane + "=d+0", "--", "true"}, "fail mmap " + std::to_string(2 + 136 + 2 + 1));
+    EXPECT_THAT(run.err, HasSubstr("::dq0 held d+1 and now holds nothing that can be read, though "
+                                   "nobody set it\n"));
+}
+
+TEST(SweepLogOnABoard, TakesNoAxesBesideALog) {
+    const swept_board b;
+    EXPECT_EQ(b.begin({delay + "=2", "--", "true"}).status, 0);
+    const std::string err = "--continue takes a log, and axes, COMMAND and -o from it\n";
+    EXPECT_EQ(b.go_on({delay}).err, err);
+    EXPECT_EQ(b.go_on({"--", "true"}).err, err);
+    EXPECT_EQ(b.go_on({"-o", "x"}).err, err);
+    EXPECT_EQ(run_tune(b.on_board(), {"sweep", "--continue", "/no/log"}).err,
+              "/no/log: No such file or directory\n");
+}
+
+} // namespace sweep_board_test

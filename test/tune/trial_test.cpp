@@ -1,0 +1,152 @@
+#include "tune/trial.hpp"
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <string>
+#include <thread>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include "support/limited.hpp"
+#include "support/temp_dir.hpp"
+#include "support/text_file.hpp"
+#include "tune/mistake.hpp"
+#include "tune/user_signals.hpp"
+
+// A run of a test, with the shell as the test.
+
+namespace trial_test {
+
+using testing::HasSubstr;
+
+class Trial : public testing::Test {
+protected:
+    /** A run of a script of the shell. */
+    static trial shell(const std::string& script) {
+        return trial({"sh", "-c", script}, {{"BRISEL_NAME", "mac"}, {"BRISEL_VALUE", "5"}});
+    }
+
+    /** Waits until a file is there. */
+    static void wait_for(const std::string& path) {
+        while (access(path.c_str(), F_OK) != 0) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    }
+
+    const user_signals m_signals;
+    const temp_dir m_folder;
+};
+
+TEST_F(Trial, PassesWithStatusNothing) {
+    trial t = shell("exit 0");
+    EXPECT_EQ(t.run({}), run_end::passed);
+    EXPECT_EQ(t.output(), "");
+}
+
+TEST_F(Trial, FailsWithAnyOther) {
+    EXPECT_EQ(shell("exit 1").run({}), run_end::failed);
+    EXPECT_EQ(shell("exit 126").run({}), run_end::failed); // the shell's own
+    EXPECT_EQ(shell("kill -9 $$").run({}), run_end::failed);
+}
+
+TEST_F(Trial, TellsTheTestWhatIsTried) {
+    trial t = shell("echo $BRISEL_NAME $BRISEL_VALUE; read line || echo nothing to read >&2");
+    EXPECT_EQ(t.run({}), run_end::passed);
+    EXPECT_EQ(t.output(), "mac 5\nnothing to read\n");
+}
+
+TEST_F(Trial, KeepsTheEndOfALongOutput) {
+    trial t = shell("i=0; while [ $i -lt 2000 ]; do echo line $i; i=$((i + 1)); done");
+    EXPECT_EQ(t.run({}), run_end::passed);
+    EXPECT_EQ(t.output().size(), 4096U);
+    EXPECT_TRUE(t.output().ends_with("line 1998\nline 1999\n"));
+}
+
+TEST_F(Trial, CannotExecuteWhatIsNotThere) {
+    trial t({"/no/such/test"}, {});
+    EXPECT_EQ(t.run({}), run_end::not_executed);
+    EXPECT_EQ(t.output(), "the test cannot be executed: No such file or directory");
+    trial folder({"/tmp"}, {});
+    EXPECT_EQ(folder.run({}), run_end::not_executed);
+    EXPECT_EQ(folder.output(), "the test cannot be executed: Permission denied");
+}
+
+TEST_F(Trial, DoesNothingBeforeItIsToldTo) {
+    { const trial t = shell("touch " + m_folder.file("begun")); }
+    EXPECT_NE(access((m_folder.file("begun")).c_str(), F_OK), 0);
+}
+
+TEST_F(Trial, EndsAtItsTime) {
+    trial t = shell("echo begun; sleep 1000");
+    EXPECT_EQ(t.run(0.2), run_end::timed_out);
+    EXPECT_EQ(t.output(), "begun\n");
+}
+
+TEST_F(Trial, IsKilledWhenItDoesNotEnd) {
+    trial t = shell("trap '' TERM; echo begun; while :; do sleep 0.01; done");
+    EXPECT_EQ(t.run(0.2), run_end::timed_out);
+}
+
+TEST_F(Trial, TakesItsWholeGroupAlong) {
+    const std::string file = m_folder.file("process");
+    trial t = shell("exec 3>" + file + "; sleep 1000 & echo $! >&3; exit 0");
+    EXPECT_EQ(t.run({}), run_end::passed);
+    const pid_t left = std::stoi(text_of(file));
+    while (kill(left, 0) == 0) { // until its new parent has taken notice
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+
+TEST_F(Trial, WaitsForNothingThatIsClosed) {
+    trial t = shell("exec >&- 2>&-; sleep 0.05; exit 3");
+    EXPECT_EQ(t.run({}), run_end::failed);
+}
+
+TEST_F(Trial, IsInterruptedByTheUser) {
+    trial t = shell("kill -INT " + std::to_string(getpid()) + "; sleep 1000");
+    EXPECT_EQ(t.run({}), run_end::interrupted);
+    EXPECT_EQ(user_signals::noted(), SIGINT);
+}
+
+TEST_F(Trial, IsNotStoppedByTheUsersStop) {
+    trial t = shell("kill -TSTP " + std::to_string(getpid()) + "; sleep 0.05");
+    EXPECT_EQ(t.run({}), run_end::passed);
+    std::signal(SIGTSTP, SIG_IGN); // takes away the one that waits for the end of the sweep
+    std::signal(SIGTSTP, SIG_DFL);
+}
+
+TEST_F(Trial, NeedsAProcess) {
+    const auto with_files = [](rlim_t most) -> std::string {
+        try {
+            const limited files(RLIMIT_NOFILE, most);
+            const trial t({"true"}, {});
+        } catch (const mistake& problem) {
+            return problem.what();
+        }
+        return "";
+    };
+    const int next = dup(STDIN_FILENO);
+    close(next);
+    const auto open_files = static_cast<rlim_t>(next);
+    EXPECT_EQ(with_files(open_files), "no process for a test: Too many open files"); // no socket
+    EXPECT_EQ(with_files(open_files + 2), "no process for a test: Too many open files"); // no pipe
+}
+
+TEST(UserSignals, NoteTheFirst) {
+    const user_signals signals;
+    EXPECT_EQ(user_signals::noted(), 0);
+    raise(SIGTERM);
+    raise(SIGHUP);
+    EXPECT_EQ(user_signals::noted(), 0); // not yet
+    user_signals::let_come();
+    EXPECT_THAT(user_signals::noted(), testing::AnyOf(SIGTERM, SIGHUP));
+    const auto begin = std::chrono::steady_clock::now();
+    user_signals::wait_for(1000);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(100));
+}
+
+} // namespace trial_test
