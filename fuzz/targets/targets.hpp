@@ -25,5 +25,8 @@ findings file_value(const std::string& input);      ///< mmc::rdqs: the file's f
 /** A tuning of brisel-tune: the input as it is. */
 findings tuning_file(const std::string& input);
 
+/** The log of a sweep: the input as it is. */
+findings sweep_log_file(const std::string& input);
+
 /** cpu_regulator::microvolts: voltage, lower and upper limit */
 findings regulator_value(const std::string& input);

@@ -24,7 +24,7 @@ const std::vector<target> targets = {
     {"read_only_value", read_only_value}, {"dq_value", dq_value},
     {"word_value", word_value},           {"set_value", set_value},
     {"file_value", file_value},           {"regulator_value", regulator_value},
-    {"tuning_file", tuning_file},
+    {"tuning_file", tuning_file},         {"sweep_log_file", sweep_log_file},
 };
 
 /** What is found in the seeds of a target, each line with the name of the seed. */
