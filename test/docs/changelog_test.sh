@@ -12,7 +12,7 @@ if [ "$newest" != "$1" ]; then
     status=1
 fi
 total=$(awk '$1 == "total" && $2 != "properties" { print $2 }' test/catalogue/hardware.tsv)
-said=$(grep -o '[0-9]* properties' CHANGELOG.md | head -n 1)
+said=$(grep -o '[0-9][0-9]* properties' CHANGELOG.md | head -n 1)
 if [ "$said" != "$total properties" ]; then
     echo "CHANGELOG.md: its newest entry does not say that there are \"$total properties\" now"
     status=1
