@@ -149,8 +149,13 @@ std::string oddities(const sweep_grid& grid, std::size_t row, const window& w) {
 /** The lines of a tuning for a grid's best point. */
 std::string lines_for(const sweep_grid& grid) {
     const grid_point best = best_in(grid);
+    const std::string& name = grid.columns.target().name();
+    if (std::all_of(grid.cells.begin(), grid.cells.end(),
+                    [](const point_result& cell) { return cell.kind == verdict::untried; })) {
+        return "# " + name + ": not tried\n";
+    }
     if (grid.cell(best.row, best.column).kind != verdict::pass) {
-        return "# " + grid.columns.target().name() + ": nothing passes\n";
+        return "# " + name + ": nothing passes\n";
     }
     const auto windows = windows_in(grid, best.row);
     const window w = *std::find_if(windows.begin(), windows.end(),

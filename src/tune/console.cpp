@@ -3,15 +3,13 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <sstream>
 
 #include "tune/mistake.hpp"
 #include "tune/text.hpp"
 
 void say(const std::string& text) {
-    std::istringstream lines(printable(text));
-    for (std::string line; std::getline(lines, line);) {
-        std::fprintf(stderr, "brisel-tune: %s\n", line.c_str());
+    for (const std::string_view line : lines_of(text)) {
+        std::fprintf(stderr, "brisel-tune: %s\n", printable(line).c_str());
     }
 }
 

@@ -68,6 +68,7 @@ reading read_file(const knob& k) {
 std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
     const shared_array<shared_reading>& shared = room_for(knobs.size());
     std::vector<reading> readings;
+    readings.reserve(knobs.size());
     std::set<const reg_info*> dead;
     while (readings.size() < knobs.size()) {
         const std::size_t begin = readings.size();

@@ -68,6 +68,9 @@ bool take(int letter, command_line& words) {
         break;
     case 'T':
         words.sweep.timeout = to_seconds("timeout", optarg);
+        if (*words.sweep.timeout == 0) {
+            throw mistake("--timeout takes a number of seconds above 0");
+        }
         break;
     case 'S':
         words.sweep.settle = to_seconds("settle", optarg);

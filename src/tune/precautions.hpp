@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 /**
@@ -8,6 +9,12 @@
  * it be the last that the kernel ends for want of memory.
  */
 void take_precautions();
+
+/**
+ * Says how soon the kernel is to end this process for want of memory.
+ * @param score from "-1000", never, to "1000", first
+ */
+void set_oom_score(std::string_view score);
 
 /**
  * The block devices that are mounted for writing, as "/dev/root on /": what a board that dies can

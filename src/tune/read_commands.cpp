@@ -23,7 +23,8 @@ void add_lines(const std::vector<const knob*>& wanted, const std::vector<reading
     for (const knob* k : wanted) {
         std::vector<std::uint32_t> codes;
         const reading* failed = nullptr;
-        for (std::size_t part = 0; part < k->parts().size(); ++part, ++next) {
+        const std::size_t count = k->parts().size();
+        for (std::size_t part = 0; part < count; ++part, ++next) {
             codes.push_back(next->code.value_or(0));
             failed = failed == nullptr && !next->code ? &*next : failed;
         }

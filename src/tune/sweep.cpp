@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <sstream>
 
 #include "tune/board_hold.hpp"
 #include "tune/console.hpp"
@@ -226,8 +225,8 @@ void sweep::check_memory(const sweep_grid& grid) {
     }
     if (result.kind != verdict::pass) {
         m_log.write("unsound\n" + noted_output());
-        throw sweep_end{"unsound: the test does not pass with the values before, either; reset the "
-                        "board, and go on with --continue",
+        throw sweep_end{"unsound: the test does not pass with the values before, either; check the "
+                        "test, or reset the board and go on with --continue",
                         tune_status::differs};
     }
 }
@@ -245,10 +244,9 @@ void sweep::look_at_lanes() {
 }
 
 std::string sweep::noted_output() const {
-    std::istringstream lines(printable(m_output));
     std::string text;
-    for (std::string line; std::getline(lines, line);) {
-        text += "| " + line + "\n";
+    for (const std::string_view line : lines_of(m_output)) {
+        text += "| " + printable(line) + "\n";
     }
     return text;
 }

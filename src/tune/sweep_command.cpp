@@ -191,6 +191,10 @@ tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& 
 tune_status sweep_axes(const knobs& all, const command_line& given) {
     const sweep_task task = task_of(given);
     const command_line& words = task.words;
+    if (task.log && task.log->complete && !words.sweep.retry_hangs) {
+        say("the sweep is complete: there is nothing left to be tried");
+        return tune_status::done;
+    }
     const std::vector<const knob*> targets = axis_targets(all, words.operands);
     std::vector<setting> before;
     for (const knob* part : parts_of(targets)) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tune/mistake.hpp"
+#include "tune/text.hpp"
 #include "tune/tuning.hpp"
 
 namespace {
@@ -99,6 +100,9 @@ std::vector<sweep_grid> make_grids(const knobs& all, const std::vector<std::stri
                                    bool together, const std::vector<setting>& present) {
     const std::vector<const knob*> targets = axis_targets(all, axes);
     const auto make_axis = [&](const knob& k, const std::string& text) {
+        if (text.ends_with('=')) {
+            throw mistake(in_quotes(text) + " has no values");
+        }
         return axis(k, value_in(text), codes_of(k, present));
     };
     std::optional<axis> rows;

@@ -25,6 +25,7 @@ void take_session(sweep_log& log, std::string_view line) {
     if (place == std::string_view::npos) {
         throw mistake("a session without its boot");
     }
+    log.complete = false;
     log.sessions.push_back(
         {std::string(line.substr(0, place)), std::string(line.substr(place + between.size())), ""});
 }

@@ -40,3 +40,12 @@ std::string joined(const std::vector<std::string>& pieces, const char* between) 
 std::string counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
+
+std::vector<std::string_view> lines_of(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        lines.push_back(text.substr(0, text.find('\n')));
+        text.remove_prefix(std::min(lines.back().size() + 1, text.size()));
+    }
+    return lines;
+}

@@ -16,5 +16,8 @@ std::string printable(std::string_view text);
 /** "1 point", "2 points". */
 std::string counted(std::size_t count, const std::string& noun);
 
+/** The lines of a text, without their ends. */
+std::vector<std::string_view> lines_of(std::string_view text);
+
 /** All pieces, with the same text between each two. */
 std::string joined(const std::vector<std::string>& pieces, const char* between);

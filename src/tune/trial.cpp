@@ -6,7 +6,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 
 #include <fcntl.h>
 #include <sys/prctl.h>
@@ -16,6 +15,7 @@
 #include <unistd.h>
 
 #include "tune/mistake.hpp"
+#include "tune/precautions.hpp"
 #include "tune/user_signals.hpp"
 
 namespace {
@@ -48,7 +48,7 @@ steady_clock::time_point after(double seconds) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
-    std::ofstream("/proc/self/oom_score_adj") << "0";
+    set_oom_score("0");
     dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
     dup2(output, STDOUT_FILENO);
     dup2(output, STDERR_FILENO);
@@ -79,7 +79,8 @@ steady_clock::time_point after(double seconds) {
 } // namespace
 
 trial::trial(const std::vector<std::string>& words,
-             const std::vector<std::pair<std::string, std::string>>& environment) {
+             const std::vector<std::pair<std::string, std::string>>& environment)
+    : m_name(words.front()) {
     int control[2] = {-1, -1};
     int output[2] = {-1, -1};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, control) == 0 &&
@@ -139,7 +140,7 @@ run_end trial::run(std::optional<double> seconds) {
     read_output();
     int error = 0;
     if (recv(m_control, &error, sizeof error, MSG_DONTWAIT) == sizeof error) {
-        m_output = std::string("the test cannot be executed: ") + std::strerror(error);
+        m_output = "cannot execute " + m_name + ": " + std::strerror(error);
         result = run_end::not_executed;
     }
     return result;

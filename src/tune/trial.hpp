@@ -49,6 +49,7 @@ private:
     bool send_to_group(int number);
     void read_output();
 
+    const std::string m_name;
     pid_t m_process = -1;
     bool m_has_ended = false; ///< the process itself, if not its group
     int m_control = -1;       ///< to tell it to begin; and from it, why it could not

@@ -53,6 +53,13 @@ TEST(Best, OfSeveralLogsPassesInAll) {
                   "first point is the range's\n");
 }
 
+TEST(Best, DoesNotSayOfWhatWasNotTriedThatItFails) {
+    const swept_board b;
+    write_text(b.log_file(), "brisel-tune sweep log, format 1\nrun sweep " + lane +
+                                 " -- true\nsession S, boot B\nbefore " + lane + " = 64\n");
+    EXPECT_EQ(b.best(), "# " + lane + ": not tried\n");
+}
+
 TEST(Best, SaysWhatWasNotTried) {
     const swept_board b;
     write_text(b.log_file(), "brisel-tune sweep log, format 1\nrun sweep " + lane +

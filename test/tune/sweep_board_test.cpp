@@ -25,7 +25,14 @@ TEST(SweepOnABoardThatDies, FindsTheWindow) {
     EXPECT_EQ(b.sweep({lane, "--", memory_test}), 2); // one death on each side
     EXPECT_EQ(b.best(), lane + " = 65 # d+1, window d-4 to d+7, 12 points, margins 5 and 6\n");
     EXPECT_EQ(b.held(lane), lane + " = 64 # d+0\n");
-    EXPECT_EQ(b.go_on().status, 0); // there is nothing left to be tried
+    // There is nothing left to be tried: what was set since stays.
+    EXPECT_EQ(run_tune(b.on_board(), {"set", lane + "=d+1"}).status, 0);
+    const std::string log = b.log();
+    const run_result again = b.go_on();
+    EXPECT_EQ(again.status, 0);
+    EXPECT_EQ(again.err, "the sweep is complete: there is nothing left to be tried\n");
+    EXPECT_EQ(b.log(), log);
+    EXPECT_EQ(b.held(lane), lane + " = 65 # d+1\n");
 }
 
 TEST(SweepOnABoardThatDies, GoesThroughAHole) {
@@ -93,6 +100,7 @@ TEST(SweepInOneBoot, IsPutBackBeforeItGoesOn) {
 TEST(SweepInOneBoot, DoesNotGoOnWhereItCannotBePutBack) {
     const swept_board b;
     EXPECT_EQ(b.begin({delay + "=2..4", "--", "true"}).status, 0);
+    write_text(b.log_file(), b.log().substr(0, b.log().find("end complete")));
     EXPECT_EQ(run_tune(b.on_board(), {"set", delay + "=7"}).status, 0);
     write_text(b.on_board().path("/../faults"), "stuck " + delay + " 1\n");
     const run_result run = b.go_on();

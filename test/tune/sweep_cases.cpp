@@ -96,9 +96,10 @@ const std::vector<tune_case> sweep_cases = {
      .args = sweep({"mac-tx::delay=2..3", "--", "false"}),
      .out = head("mac-tx::delay=2..3 -- false", tx_head) +
             "try mac-tx::delay=2\nfail\nunsound\nend unsound: the test does not pass with the "
-            "values before, either; reset the board, and go on with --continue\n",
+            "values before, either; check the test, or reset the board and go on with --continue\n",
      .err = "mac-tx::delay: 2 points, 2 to 3, from 2 outwards\n" + mounted +
-            "unsound: the test does not pass with the values before, either; reset the board, and "
+            "unsound: the test does not pass with the values before, either; check the test, or "
+            "reset the board and "
             "go on with --continue\n",
      .status = 1,
      .accesses = any_accesses},
@@ -113,10 +114,10 @@ const std::vector<tune_case> sweep_cases = {
     {.name = "TestThatIsNotThereEndsIt",
      .args = sweep({"mac-tx::delay=3", "--", "/no/such/test"}),
      .out = head("mac-tx::delay=3 -- /no/such/test", tx_head) +
-            "try mac-tx::delay=3\ninterrupted\n| the test cannot be executed: No such file or "
-            "directory\nend the test cannot be executed: No such file or directory\n",
+            "try mac-tx::delay=3\ninterrupted\n| cannot execute /no/such/test: No such file or "
+            "directory\nend cannot execute /no/such/test: No such file or directory\n",
      .err = "mac-tx::delay: 1 point, 3, from 3 outwards\n" + mounted +
-            "the test cannot be executed: No such file or directory\n",
+            "cannot execute /no/such/test: No such file or directory\n",
      .status = 2,
      .accesses = any_accesses},
     {.name = "TestMayUseBriselButNotChangeWhatIsTried",
@@ -287,6 +288,10 @@ const std::vector<tune_case> sweep_cases = {
             "--stop takes a number from 1 to 1000, not '0'\n"),
     refused("StopAfterTooManyPoints", sweep({"--stop=1001", "mac-tx::delay", "--", "true"}),
             "--stop takes a number from 1 to 1000, not '1001'\n"),
+    refused("AxisWithoutItsValues", sweep({"mac-tx::delay=", "--", "true"}),
+            "'mac-tx::delay=' has no values\n"),
+    refused("TimeoutOfNothing", sweep({"--timeout=0", "mac-tx::delay", "--", "true"}),
+            "--timeout takes a number of seconds above 0\n"),
     refused("StopWithText", sweep({"--stop=x", "mac-tx::delay", "--", "true"}),
             "--stop takes a number from 1 to 1000, not 'x'\n"),
     refused("RepeatWithText", sweep({"--repeat=3x", "mac-tx::delay", "--", "true"}),

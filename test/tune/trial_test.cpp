@@ -69,10 +69,10 @@ TEST_F(Trial, KeepsTheEndOfALongOutput) {
 TEST_F(Trial, CannotExecuteWhatIsNotThere) {
     trial t({"/no/such/test"}, {});
     EXPECT_EQ(t.run({}), run_end::not_executed);
-    EXPECT_EQ(t.output(), "the test cannot be executed: No such file or directory");
+    EXPECT_EQ(t.output(), "cannot execute /no/such/test: No such file or directory");
     trial folder({"/tmp"}, {});
     EXPECT_EQ(folder.run({}), run_end::not_executed);
-    EXPECT_EQ(folder.output(), "the test cannot be executed: Permission denied");
+    EXPECT_EQ(folder.output(), "cannot execute /tmp: Permission denied");
 }
 
 TEST_F(Trial, DoesNothingBeforeItIsToldTo) {
