@@ -89,6 +89,8 @@ trial::trial(const std::vector<std::string>& words,
     }
     const int error = errno;
     if (m_process == 0) {
+        close(control[0]); // so that it sees when nobody holds this end any more
+        close(output[0]);
         fcntl(output[1], F_SETFL, 0); // only the reader is not to wait
         be_test(words, environment, control[1], output[1]);
     }

@@ -3,12 +3,16 @@
 #include <chrono>
 #include <csignal>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "support/limited.hpp"
@@ -78,6 +82,28 @@ TEST_F(Trial, CannotExecuteWhatIsNotThere) {
 TEST_F(Trial, DoesNothingBeforeItIsToldTo) {
     { const trial t = shell("touch " + m_folder.file("begun")); }
     EXPECT_NE(access((m_folder.file("begun")).c_str(), F_OK), 0);
+}
+
+TEST_F(Trial, EndsWithItsParentBeforeItIsToldToBegin) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const pid_t parent = fork();
+    if (parent == 0) {
+        const std::vector<std::unique_ptr<trial>> trials = [] {
+            std::vector<std::unique_ptr<trial>> made(3);
+            for (auto& each : made) {
+                each = std::make_unique<trial>(std::vector<std::string>{"true"},
+                                               std::vector<std::pair<std::string, std::string>>());
+            }
+            return made;
+        }();
+        std::_Exit(0);
+    }
+    close(ends[1]);
+    waitpid(parent, nullptr, 0);
+    char nothing = 0;
+    EXPECT_EQ(read(ends[0], &nothing, 1), 0); // nobody is left who holds the other end
+    close(ends[0]);
 }
 
 TEST_F(Trial, EndsAtItsTime) {
