@@ -108,7 +108,7 @@ void put_back(const step& s, change_report& report) {
 
 using backwards = std::vector<step>::const_reverse_iterator;
 
-void put_back(backwards begin, backwards end, change_report& report) {
+void put_back(const backwards& begin, const backwards& end, change_report& report) {
     for (auto each = begin; each != end; ++each) {
         put_back(*each, report);
     }

@@ -91,6 +91,7 @@ parsed_words parse_words(const std::vector<std::string>& words) {
     std::vector<std::string> texts(words.begin(), dashes);
     texts.insert(texts.begin(), "brisel-tune");
     std::vector<char*> argv;
+    argv.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         argv.push_back(text.data());
     }

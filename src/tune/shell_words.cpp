@@ -30,6 +30,7 @@ std::string in_shell_quotes(const std::string& word) {
 
 std::string to_shell(const std::vector<std::string>& words) {
     std::vector<std::string> quoted_words;
+    quoted_words.reserve(words.size());
     for (const std::string& word : words) {
         quoted_words.push_back(in_shell_quotes(word));
     }

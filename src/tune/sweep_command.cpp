@@ -97,7 +97,7 @@ std::vector<setting> values_before(const knobs& all, const std::vector<const kno
         session = session_of(*task.log, boot_id());
     }
     if (session != nullptr) {
-        const std::vector<setting> wanted = settings_before(all, *session);
+        std::vector<setting> wanted = settings_before(all, *session);
         const change_report report = change_board(changes_to(wanted, now));
         if (!report.failure.empty()) {
             throw mistake(report.failure);

@@ -62,6 +62,7 @@ steady_clock::time_point after(double seconds) {
         setenv(name.c_str(), value.c_str(), 1);
     }
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (const std::string& word : words) {
         argv.push_back(const_cast<char*>(word.c_str()));
     }

@@ -14,7 +14,7 @@ TEST(Best, OfSeveralLogsPassesInAll) {
     const swept_board b;
     const auto log_of = [&](const std::string& name, const std::vector<std::string>& axes,
                             const std::string& values) {
-        const std::string path = b.on_board().path("/tmp/" + name);
+        std::string path = b.on_board().path("/tmp/" + name);
         std::vector<std::string> words = {"sweep", "-o", path, "--no-control", "--all"};
         words.insert(words.end(), axes.begin(), axes.end());
         const std::string test = "case $BRISEL_VALUE in " + values + ") exit 0;; esac; exit 1";

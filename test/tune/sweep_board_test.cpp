@@ -78,11 +78,9 @@ TEST(SweepOnABoardThatDies, GoesOnFromTheValuesOfTheNewBoot) {
 TEST(SweepInOneBoot, IsPutBackBeforeItGoesOn) {
     const swept_board b;
     // Killed while a value is tried: the board keeps it.
-    EXPECT_EQ(b.begin({delay + "=2..4", "--", "sh", "-c",
-                       "[ $BRISEL_VALUE != 3 ] || [ -e $BRISEL_BOARD/again ] || "
-                       "{ touch $BRISEL_BOARD/again; kill -9 $PPID; sleep 1000; }"})
-                  .status,
-              -SIGKILL);
+    const std::string test = "[ $BRISEL_VALUE != 3 ] || [ -e $BRISEL_BOARD/again ] || "
+                             "{ touch $BRISEL_BOARD/again; kill -9 $PPID; sleep 1000; }";
+    EXPECT_EQ(b.begin({delay + "=2..4", "--", "sh", "-c", test}).status, -SIGKILL);
     EXPECT_EQ(b.held(delay), delay + " = 3\n");
     const run_result restored = run_tune(b.on_board(), {"restore", b.log_file()});
     EXPECT_EQ(restored.out, delay + " = 2 # was 3\n");

@@ -22,6 +22,12 @@ const std::string tx_said = "mac-tx::delay: 3 points, 1 to 3, from 2 outwards\n"
 const std::string exit_unless_2 = "[ $BRISEL_VALUE = 2 ] || exit 1"; // of the present value
 const std::string quoted_exit = "'[ $BRISEL_VALUE = 2 ] || exit 1'";
 
+const std::string both_axes_told =
+    "[ $BRISEL_NAME:$BRISEL_VALUE:$BRISEL_NAME_2:$BRISEL_VALUE_2:$BRISEL_DELAY = "
+    "mac-rx::delay:6:mac-tx::delay:3: ]";
+const std::string folder_for_lock = "rm -f $BRISEL_BOARD/root/tmp/brisel.lock; "
+                                    "mkdir $BRISEL_BOARD/root/tmp/brisel.lock";
+
 /** A mistake before anything is touched. */
 tune_case refused(const std::string& name, const std::vector<std::string>& args,
                   const std::string& err) {
@@ -131,9 +137,7 @@ const std::vector<tune_case> sweep_cases = {
      .status = 2,
      .accesses = any_accesses},
     {.name = "SecondAxisIsSetFirstAndPutBackLast",
-     .args = sweep({"mac-rx::delay=6", "mac-tx::delay=3", "--", "sh", "-c",
-                    "[ $BRISEL_NAME:$BRISEL_VALUE:$BRISEL_NAME_2:$BRISEL_VALUE_2:$BRISEL_DELAY = "
-                    "mac-rx::delay:6:mac-tx::delay:3: ]"}),
+     .args = sweep({"mac-rx::delay=6", "mac-tx::delay=3", "--", "sh", "-c", both_axes_told}),
      .out = head("mac-rx::delay=6 mac-tx::delay=3 -- sh -c '[ "
                  "$BRISEL_NAME:$BRISEL_VALUE:$BRISEL_NAME_2:$BRISEL_VALUE_2:$BRISEL_DELAY = "
                  "mac-rx::delay:6:mac-tx::delay:3: ]'",
@@ -193,9 +197,7 @@ const std::vector<tune_case> sweep_cases = {
      .status = 2,
      .accesses = any_accesses},
     {.name = "LockThatIsLostLeavesTheTriedValue",
-     .args = sweep({"mac-tx::delay=3", "--", "sh", "-c",
-                    "rm -f $BRISEL_BOARD/root/tmp/brisel.lock; "
-                    "mkdir $BRISEL_BOARD/root/tmp/brisel.lock"}),
+     .args = sweep({"mac-tx::delay=3", "--", "sh", "-c", folder_for_lock}),
      .out = head("mac-tx::delay=3 -- sh -c 'rm -f $BRISEL_BOARD/root/tmp/brisel.lock; mkdir "
                  "$BRISEL_BOARD/root/tmp/brisel.lock'",
                  tx_head) +
