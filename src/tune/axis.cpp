@@ -185,12 +185,29 @@ std::string axis::text(std::size_t i) const {
     return is_delay(*m_target) ? to_delay(code(i)) : to_text(*m_target, code(i));
 }
 
+std::string axis::description() const {
+    std::string all = counted(size(), "point");
+    if (m_listed.empty() && size() > 1) {
+        return all + ", " + text(0) + " to " + text(size() - 1);
+    }
+    for (std::size_t i = 0; i < size(); ++i) {
+        all += ", " + text(i);
+    }
+    return all;
+}
+
 std::size_t axis::find(std::string_view text) const {
     std::uint32_t wanted = 0;
     try {
         wanted = parse_value(unit(), text).front();
     } catch (const mistake&) {
         return size();
+    }
+    if (m_listed.empty()) {
+        const std::int64_t away = position(wanted) - m_from;
+        const std::int64_t found = away / m_step;
+        const bool is_point = away >= 0 && away % m_step == 0;
+        return is_point ? std::min(static_cast<std::size_t>(found), size()) : size();
     }
     for (std::size_t i = 0; i < size(); ++i) {
         if (code(i) == wanted || (is_delay(*m_target) && position(code(i)) == position(wanted))) {

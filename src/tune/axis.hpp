@@ -48,6 +48,9 @@ public:
     /** A point in a log: "d+5", "60". */
     std::string text(std::size_t i) const;
 
+    /** All of it for a reader: "5 points, 0 to 20", "3 points, 60, 40, 120". */
+    std::string description() const;
+
     /** The point with such a text; the size where there is none. */
     std::size_t find(std::string_view text) const;
 

@@ -25,6 +25,17 @@ constexpr const char* usage_end = R"(
   -h, --help       this text
   --version        the version
 
+of sweep:
+  -o LOG           the log, a new file (default: standard output, but no terminal)
+  --continue LOG   goes on with a log; --retry-hangs tries again what hung
+  --all            every point; or else a side ends after --stop N (3) that do not pass, or a hang
+  --together       a set of lanes is one axis: offsets to the present delays
+  --repeat N       runs of COMMAND at each point, all of which have to pass
+  --timeout S      seconds after which COMMAND is ended
+  --settle S       seconds to wait after setting a value
+  --lead S         seconds that a line of the log needs to leave the board through a pipe (1)
+  --no-control     does not run COMMAND again at the values before after a point that did not pass
+
 NAME is a property, a group, or a pattern such as 'i2c*'. VALUE is a number, d+N or d-N for the delay of
 a DQ lane, raw:N for a code that stands for no value, or {V,...} for a set. FILE may be -, for standard
 input. Exit status: 0 done; 1 a difference, a value that cannot be read, or all put back; 2 a mistake.
@@ -43,6 +54,8 @@ struct command {
 
 constexpr std::size_t any_number = std::numeric_limits<std::size_t>::max();
 
+constexpr std::size_t most_logs = 255; // as `point_result` counts
+
 constexpr command commands[] = {
     {"list", "[--json] [NAME...]", "what can be tuned, and within which limits", list_knobs, 0,
      any_number, "j"},
@@ -54,7 +67,7 @@ constexpr command commands[] = {
     {"sweep", "AXIS [AXIS] -- COMMAND...", "runs COMMAND at each value of one or two knobs",
      sweep_axes, 1, 2, "osrTSltcaCR"},
     {"best", "LOG...", "the middle of each lane's widest window, as a tuning", find_best, 1,
-     any_number, ""},
+     most_logs, ""},
     {"restore", "[--force] LOG", "puts back what a sweep found", restore_values, 1, 1, "f"},
     {"apply", "[-n] FILE", "sets what differs, or nothing; -n shows what it would set",
      apply_tuning, 1, 1, "n"},
@@ -68,7 +81,7 @@ std::string usage() {
     std::string text = "brisel-tune COMMAND [ARGUMENT...]\n\n";
     for (const command& each : commands) {
         std::string line = synopsis(each);
-        line.resize(34, ' ');
+        line.resize(std::max<std::size_t>(line.size() + 2, 34), ' ');
         text += "  " + line + each.help + "\n";
     }
     return text + usage_end;

@@ -13,12 +13,12 @@ namespace {
 
 constexpr const char* empty_line = "\r\033[K"; // to its start, and erase what is there
 
-std::string window_text(const sweep_grid& grid, std::size_t row) {
+std::string passes_text(const sweep_grid& grid, std::size_t row) {
     const window widest = widest_in(grid, row);
     if (widest.size == 0) {
         return "nothing passes";
     }
-    return text_of(grid, widest) + " pass";
+    return text_of(grid.columns, widest) + " pass";
 }
 
 /** How many points of a row were tried. */
@@ -45,7 +45,7 @@ void progress::point_done(const sweep_grid& grid, std::size_t row) {
                       [](const point_result& cell) { return cell.kind == verdict::untried; }));
     std::fprintf(stderr, "%s%s: %s, %s, %.0f s gone, at most %.0f s left", empty_line,
                  grid.row_name(row).c_str(), counted(m_done, "point").c_str(),
-                 window_text(grid, row).c_str(), gone.count(),
+                 passes_text(grid, row).c_str(), gone.count(),
                  gone.count() / static_cast<double>(m_done) * untried);
 }
 
@@ -53,6 +53,6 @@ void progress::row_done(const sweep_grid& grid, std::size_t row) const {
     if (m_has_terminal) {
         std::fputs(empty_line, stderr);
     }
-    say(grid.row_name(row) + ": " + window_text(grid, row) + ", " +
+    say(grid.row_name(row) + ": " + passes_text(grid, row) + ", " +
         counted(tried_in(grid, row), "point") + " tried");
 }

@@ -128,21 +128,14 @@ point_result sweep::try_point(const sweep_grid& grid, std::size_t row, std::size
     m_log.write_before_a_risk("try " + to_shell(grid.place(row, column)) + "\n");
     const auto begin = std::chrono::steady_clock::now();
     point_result result{verdict::no_stick, 0, 0};
-    change_report report;
-    {
-        const board_hold hold(m_targets, m_words.wait_seconds);
-        report = change_in_order(changes);
-    }
-    m_output = report.failure;
-    std::string problem = what_is_not_back(report);
-    if (report.failure.empty()) {
+    std::string problem = set(changes);
+    if (problem.empty() && m_output.empty()) {
         user_signals::wait_for(m_words.sweep.settle);
         result = run(trials);
         problem = put_back(tried, changes);
     }
     if (!problem.empty()) {
-        m_log.write("interrupted\n");
-        throw sweep_end{problem, tune_status::no_result};
+        throw sweep_end{problem, tune_status::no_result, "interrupted\n"};
     }
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
     m_log.write(to_word(result) + " " + seconds_text(took.count()) + "\n" + noted_output());
@@ -156,6 +149,17 @@ point_result sweep::try_point(const sweep_grid& grid, std::size_t row, std::size
         check_memory(grid);
     }
     return result;
+}
+
+std::string sweep::set(const std::vector<change>& changes) {
+    try {
+        const board_hold hold(m_targets, m_words.wait_seconds);
+        const change_report report = change_in_order(changes);
+        m_output = report.failure;
+        return what_is_not_back(report);
+    } catch (const mistake& problem) {
+        return problem.what();
+    }
 }
 
 std::vector<std::unique_ptr<trial>> sweep::prepare(const sweep_grid& grid,

@@ -17,6 +17,7 @@
 struct sweep_end {
     std::string why; ///< for the log and the user, in lines
     tune_status status;
+    std::string verdict = ""; ///< of a point that has none in the log: a line
 };
 
 /**
@@ -44,6 +45,12 @@ private:
     bool go_through_row(sweep_grid& grid, std::size_t row, std::size_t column);
 
     point_result try_point(const sweep_grid& grid, std::size_t row, std::size_t column);
+
+    /**
+     * Sets a point; where it does not stick, `m_output` says how.
+     * @return why the sweep is to be ended; empty for nothing
+     */
+    std::string set(const std::vector<change>& changes);
 
     /** The runs of the test that a point needs, none begun. */
     std::vector<std::unique_ptr<trial>> prepare(const sweep_grid& grid,

@@ -7,15 +7,14 @@
 #include "tune/log_writer.hpp"
 #include "tune/machine.hpp"
 #include "tune/mistake.hpp"
-#include "tune/options.hpp"
 #include "tune/precautions.hpp"
 #include "tune/read_text.hpp"
 #include "tune/shell_words.hpp"
 #include "tune/sweep.hpp"
 #include "tune/sweep_grid.hpp"
 #include "tune/sweep_log.hpp"
+#include "tune/sweep_results.hpp"
 #include "tune/text.hpp"
-#include "tune/tuning.hpp"
 #include "tune/user_signals.hpp"
 #include "tune/value_text.hpp"
 
@@ -32,8 +31,7 @@ sweep_task task_of(const command_line& words) {
     if (words.sweep.continued) {
         const std::string& file = words.operands.front();
         task.log = parse_log(read_text(file), file);
-        task.words = parse_words(task.log->run).words;
-        task.words.operands.erase(task.words.operands.begin()); // "sweep"
+        task.words = words_of(*task.log);
         task.words.wait_seconds = words.wait_seconds;
         task.words.sweep.lead = words.sweep.lead;
         task.words.sweep.retry_hangs = words.sweep.retry_hangs;
@@ -42,10 +40,10 @@ sweep_task task_of(const command_line& words) {
             throw mistake("--continue takes a log, and axes, COMMAND and -o from it");
         }
     }
-    const std::size_t axes = task.words.operands.size();
-    if (axes - 1 > 1 || task.words.test.empty()) { // there is one, or two
+    if (task.words.test.empty()) {
         throw mistake("usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...");
     }
+    check_command(task.words.test.front());
     return task;
 }
 
@@ -71,17 +69,12 @@ std::vector<std::string> run_words(const command_line& words) {
     return result;
 }
 
-/** The settings that a session of a log began with. */
-std::vector<setting> settings_before(const knobs& all, const sweep_session& session) {
-    return settings_of(parse_tuning(all, session.before, "before"));
-}
-
 /**
  * What the parts of the axes hold, to be put back after each point. In the boot in which the log
  * was begun, what it says is put back first: a value that was tried may be there still.
  */
-std::vector<setting> values_before(const knobs& all, const std::vector<const knob*>& targets,
-                                   const sweep_task& task) {
+std::vector<setting> put_back_first(const knobs& all, const std::vector<const knob*>& targets,
+                                    const sweep_task& task) {
     const std::vector<const knob*> parts = parts_of(targets);
     const board_hold hold(parts, task.words.wait_seconds);
     const std::vector<reading> now = read_all(parts);
@@ -97,10 +90,14 @@ std::vector<setting> values_before(const knobs& all, const std::vector<const kno
         session = session_of(*task.log, boot_id());
     }
     if (session != nullptr) {
-        std::vector<setting> wanted = settings_before(all, *session);
+        std::vector<setting> wanted = settings_of(values_before(all, *task.log, *session));
+        if (targets_of(wanted) != parts) {
+            throw mistake(task.log->name + ":" + std::to_string(session->line) +
+                          ": the values before are not those of the axes");
+        }
         const change_report report = change_board(changes_to(wanted, now));
         if (!report.failure.empty()) {
-            throw mistake(report.failure);
+            throw mistake(report.failure + "\n" + joined(report.holds, "\n"));
         }
         return wanted;
     }
@@ -109,7 +106,7 @@ std::vector<setting> values_before(const knobs& all, const std::vector<const kno
 
 /** Says what the board held when the log was begun, and does not hold now. */
 void say_differences(const knobs& all, const sweep_log& log, const std::vector<setting>& before) {
-    for (const setting& then : settings_before(all, log.sessions.front())) {
+    for (const setting& then : settings_of(values_before(all, log, log.sessions.front()))) {
         for (const setting& now : before) {
             if (now.target == then.target && now.code != then.code) {
                 say(now.target->name() + " is " + to_reading(*now.target, now.code) +
@@ -130,21 +127,23 @@ void check_points(const axis& a) {
 }
 
 std::string described(const axis& a) {
-    std::string text = counted(a.size(), "point") + ", " + a.text(0);
-    if (a.size() > 1) {
-        text += " to " + a.text(a.size() - 1);
-    }
-    return text + ", from " + a.text(a.nearest());
+    return a.description() + ", from " + a.text(a.nearest()) + " outwards";
 }
 
 /** Says what will be done, and what is at risk. */
 void announce(const std::vector<sweep_grid>& grids, const command_line& words) {
     for (const sweep_grid& grid : grids) {
         say(grid.columns.target().name() + ": " + described(grid.columns) +
-            (words.all ? " outwards, all" : " outwards"));
+            (words.all ? ", all" : ""));
+        const auto done = static_cast<std::size_t>(
+            std::count_if(grid.cells.begin(), grid.cells.end(),
+                          [](const point_result& cell) { return is_settled(cell.kind); }));
+        if (done != 0) {
+            say(grid.columns.target().name() + ": " + counted(done, "point") + " tried before");
+        }
     }
     if (const auto& rows = grids.front().rows) {
-        say("for each of " + rows->target().name() + ": " + described(*rows) + " outwards");
+        say("for each of " + rows->target().name() + ": " + described(*rows));
     }
     for (const std::string& mount : writable_mounts(read_text("/proc/mounts", ""))) {
         say("mounted for writing: " + mount);
@@ -174,8 +173,8 @@ tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& 
             work.go_through(grid);
         }
     } catch (const sweep_end& end) {
-        log.write("end " + end.why.substr(0, end.why.find('\n')) + "\n");
-        say(end.why);
+        say(end.why); // before the log, which may be lost
+        log.write(end.verdict + "end " + end.why.substr(0, end.why.find('\n')) + "\n");
         return end.status;
     }
     log.write("end complete\n");
@@ -201,7 +200,7 @@ tune_status sweep_axes(const knobs& all, const command_line& given) {
         before.push_back({part, part->least()});
     }
     make_grids(all, words.operands, words.sweep.together, before); // mistakes come before all else
-    before = values_before(all, targets, task);
+    before = put_back_first(all, targets, task);
     std::vector<sweep_grid> grids = make_grids(all, words.operands, words.sweep.together, before);
     for (const sweep_grid& grid : grids) {
         for (const axis* a : {&grid.columns, grid.rows ? &*grid.rows : &grid.columns}) {

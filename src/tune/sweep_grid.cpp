@@ -20,9 +20,12 @@ std::string value_in(const std::string& text) {
 std::vector<std::uint32_t> codes_of(const knob& k, const std::vector<setting>& present) {
     std::vector<std::uint32_t> codes;
     for (const knob* part : k.parts()) {
-        codes.push_back(std::find_if(present.begin(), present.end(), [part](const setting& each) {
-                            return each.target == part;
-                        })->code);
+        const auto found = std::find_if(present.begin(), present.end(),
+                                        [part](const setting& s) { return s.target == part; });
+        if (found == present.end()) {
+            throw mistake("it is not known what " + part->name() + " held before");
+        }
+        codes.push_back(found->code);
     }
     return codes;
 }
@@ -86,6 +89,9 @@ std::optional<std::size_t> sweep_grid::find(const std::vector<std::string>& word
 }
 
 std::vector<const knob*> axis_targets(const knobs& all, const std::vector<std::string>& axes) {
+    if (axes.empty() || axes.size() > 2) {
+        throw mistake("a sweep has one axis or two");
+    }
     std::vector<const knob*> targets;
     for (const std::string& text : axes) {
         targets.push_back(&all.named(name_in(text)));
@@ -105,11 +111,15 @@ std::vector<sweep_grid> make_grids(const knobs& all, const std::vector<std::stri
         }
         return axis(k, value_in(text), codes_of(k, present));
     };
+    const auto is_set = [](const knob* k) { return k->kind == knob_kind::set; };
+    if (together && std::none_of(targets.begin(), targets.end(), is_set)) {
+        throw mistake("--together is for a set of lanes: " + targets[0]->name() + " is none");
+    }
     std::optional<axis> rows;
     if (axes.size() == 2) {
         check_apart(*targets[0], *targets[1]);
         for (const knob* target : targets) {
-            if (target->kind == knob_kind::set && !together) {
+            if (is_set(target) && !together) {
                 throw mistake("of two axes, " + target->name() +
                               " can be one with --together, or one of its lanes");
             }
@@ -117,7 +127,7 @@ std::vector<sweep_grid> make_grids(const knobs& all, const std::vector<std::stri
         rows = make_axis(*targets[1], axes[1]);
     }
     std::vector<const knob*> swept(1, targets[0]);
-    if (targets[0]->kind == knob_kind::set && !together) {
+    if (is_set(targets[0]) && !together) {
         swept = targets[0]->lanes;
     }
     std::vector<sweep_grid> grids;
@@ -175,10 +185,10 @@ std::size_t middle_of(const sweep_grid& grid, const window& w) {
     return grid.columns.steps_away(upper - 1) < grid.columns.steps_away(upper) ? upper - 1 : upper;
 }
 
-std::string text_of(const sweep_grid& grid, const window& w) {
-    std::string text = grid.columns.text(w.first);
+std::string text_of(const axis& a, const window& w) {
+    std::string text = a.text(w.first);
     if (w.size > 1) {
-        text += " to " + grid.columns.text(w.last());
+        text += " to " + a.text(w.last());
     }
     return text;
 }

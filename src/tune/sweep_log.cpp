@@ -19,15 +19,28 @@ bool take_word(std::string_view& line, std::string_view word) {
     return true;
 }
 
-void take_session(sweep_log& log, std::string_view line) {
+void take_session(sweep_log& log, std::string_view line, std::size_t number) {
     constexpr std::string_view between = ", boot ";
     const std::size_t place = line.find(between);
     if (place == std::string_view::npos) {
         throw mistake("a session without its boot");
     }
     log.complete = false;
-    log.sessions.push_back(
-        {std::string(line.substr(0, place)), std::string(line.substr(place + between.size())), ""});
+    log.sessions.push_back({number, std::string(line.substr(0, place)),
+                            std::string(line.substr(place + between.size())), ""});
+}
+
+void take_run(sweep_log& log, std::string_view line, std::size_t number) {
+    log.where_run = log.name + ":" + std::to_string(number);
+    log.run = from_shell(line);
+    if (log.run.empty() || log.run.front() != "sweep") {
+        throw mistake(in_quotes(line) + " is no sweep");
+    }
+}
+
+void take_point(sweep_log& log, std::string_view line) {
+    log.sessions.back().begun = true;
+    log.points.push_back({from_shell(line), {verdict::hang, 0, 0}});
 }
 
 void take_verdict(sweep_log& log, std::string_view line) {
@@ -38,20 +51,20 @@ void take_verdict(sweep_log& log, std::string_view line) {
     log.points.back().result = *result;
 }
 
-void take_line(sweep_log& log, std::string_view line) {
+void take_line(sweep_log& log, std::string_view line, std::size_t number) {
     if (line.starts_with("|") || take_word(line, "version") || take_word(line, "note")) {
         return;
     }
     if (take_word(line, "machine")) {
         log.machine = line;
     } else if (take_word(line, "run")) {
-        log.run = from_shell(line);
+        take_run(log, line, number);
     } else if (take_word(line, "session")) {
-        take_session(log, line);
+        take_session(log, line, number);
     } else if (!log.sessions.empty() && take_word(line, "before")) {
         log.sessions.back().before.append(line).append("\n");
-    } else if (take_word(line, "try")) {
-        log.points.push_back({from_shell(line), {verdict::hang, 0, 0}});
+    } else if (!log.sessions.empty() && take_word(line, "try")) {
+        take_point(log, line);
     } else if (take_word(line, "end")) {
         log.complete = line == "complete";
     } else {
@@ -62,14 +75,16 @@ void take_line(sweep_log& log, std::string_view line) {
 } // namespace
 
 const sweep_session* session_of(const sweep_log& log, const std::string& boot) {
-    const auto found = std::find_if(log.sessions.rbegin(), log.sessions.rend(),
-                                    [&](const sweep_session& s) { return s.boot == boot; });
+    const auto found =
+        std::find_if(log.sessions.rbegin(), log.sessions.rend(),
+                     [&](const sweep_session& s) { return s.begun && s.boot == boot; });
     return found == log.sessions.rend() ? nullptr : &*found;
 }
 
 sweep_log parse_log(std::string_view text, const std::string& where) {
     sweep_log log;
-    for (int number = 1; !text.empty(); ++number) {
+    log.name = where;
+    for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t size = text.find('\n');
         if (size == std::string_view::npos) {
             log.is_cut = true;
@@ -85,7 +100,7 @@ sweep_log parse_log(std::string_view text, const std::string& where) {
             continue; // the title; the mark, which may be cut itself; and what it is for
         }
         try {
-            take_line(log, line);
+            take_line(log, line, number);
         } catch (const mistake& problem) {
             throw mistake(where + ":" + std::to_string(number) + ": " + problem.what());
         }

@@ -29,9 +29,11 @@ inline constexpr std::string_view log_title = "brisel-tune sweep log, format 1";
 
 /** A part of a sweep, from a start of the program to its end. */
 struct sweep_session {
+    std::size_t line; ///< its number in the log
     std::string date;
     std::string boot;
     std::string before; ///< lines of a tuning: what the axes' properties held
+    bool begun = false; ///< a point was tried: so nothing of `before` is cut off
 };
 
 /** A point that was tried. */
@@ -42,15 +44,17 @@ struct tried_point {
 
 /** What a log says. */
 struct sweep_log {
+    std::string name; ///< of the file, for messages
     std::string machine;
     std::vector<std::string> run; ///< the command line behind the program's name
+    std::string where_run;        ///< "FILE:LINE" of that
     std::vector<sweep_session> sessions;
     std::vector<tried_point> points; ///< in their order
     bool complete = false;
     bool is_cut = false; ///< the last line has no end
 };
 
-/** The last session of a log in a boot; null for none. */
+/** The last session of a log in a boot in which a point was tried; null for none. */
 const sweep_session* session_of(const sweep_log& log, const std::string& boot);
 
 /**

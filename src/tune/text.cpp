@@ -37,6 +37,20 @@ std::string joined(const std::vector<std::string>& pieces, const char* between) 
     return text;
 }
 
+std::vector<std::string> in_lines(std::string_view text, std::size_t width) {
+    std::vector<std::string> lines(1);
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        text.remove_prefix(std::min(word.size() + 1, text.size()));
+        std::string* line = &lines.back();
+        if (!line->empty() && line->size() + 1 + word.size() > width) {
+            line = &lines.emplace_back();
+        }
+        line->append(line->empty() ? "" : " ").append(word);
+    }
+    return lines;
+}
+
 std::string counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }

@@ -19,5 +19,8 @@ std::string counted(std::size_t count, const std::string& noun);
 /** The lines of a text, without their ends. */
 std::vector<std::string_view> lines_of(std::string_view text);
 
+/** A text in lines of so many characters, where its words have room: broken at single blanks. */
+std::vector<std::string> in_lines(std::string_view text, std::size_t width);
+
 /** All pieces, with the same text between each two. */
 std::string joined(const std::vector<std::string>& pieces, const char* between);

@@ -79,6 +79,31 @@ steady_clock::time_point after(double seconds) {
 
 } // namespace
 
+void check_command(const std::string& name) {
+    if (name.find('/') != std::string::npos) {
+        if (access(name.c_str(), X_OK) != 0) {
+            throw mistake("cannot execute " + name + ": " + std::strerror(errno));
+        }
+        return;
+    }
+    const char* const path = std::getenv("PATH");
+    for (std::string_view rest = path == nullptr ? "/bin:/usr/bin" : path;;) {
+        const std::size_t size = std::min(rest.find(':'), rest.size());
+        std::string file(rest.substr(0, size));
+        if (size != 0) { // or else it is the present folder
+            file += '/';
+        }
+        file += name;
+        if (access(file.c_str(), X_OK) == 0) {
+            return;
+        }
+        if (size == rest.size()) {
+            throw mistake("cannot execute " + name + ": it is in no folder of PATH");
+        }
+        rest.remove_prefix(size + 1);
+    }
+}
+
 trial::trial(const std::vector<std::string>& words,
              const std::vector<std::pair<std::string, std::string>>& environment)
     : m_name(words.front()) {

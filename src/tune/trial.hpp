@@ -11,6 +11,12 @@
 enum class run_end { passed, failed, timed_out, interrupted, not_executed };
 
 /**
+ * Looks for a command as `trial` will, so that a mistake in its name is found before all else.
+ * @throw mistake when there is none, or none that may be executed
+ */
+void check_command(const std::string& name);
+
+/**
  * One run of a test: a process that is there already, and begins the test when it is told to. So
  * nothing has to be made, and no file written, while a value is tried.
  *

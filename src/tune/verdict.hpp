@@ -21,8 +21,8 @@ enum class verdict : std::uint8_t {
 /** A verdict, and of several runs how many passed. */
 struct point_result {
     verdict kind = verdict::untried;
-    std::uint8_t passed = 0; ///< of a part
-    std::uint8_t runs = 0;   ///< likewise
+    std::uint8_t passed = 0; ///< of a part; of several logs those that passed
+    std::uint8_t runs = 0;   ///< likewise, of how many
 };
 
 /** The word for it in a log: "pass", "no-stick", "3/5". */

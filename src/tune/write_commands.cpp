@@ -10,6 +10,7 @@
 #include "tune/mistake.hpp"
 #include "tune/read_text.hpp"
 #include "tune/sweep_log.hpp"
+#include "tune/sweep_results.hpp"
 #include "tune/text.hpp"
 #include "tune/tuning.hpp"
 #include "tune/value_text.hpp"
@@ -173,7 +174,7 @@ tune_status restore_values(const knobs& all, const command_line& words) {
             throw mistake(file +
                           ": nothing was swept in this boot; --force takes the first one's values");
         }
-        return parse_tuning(all, session->before, file);
+        return values_before(all, log, *session);
     };
     return bring_about(all, read_lines, words, watch::its_phys);
 }

@@ -117,13 +117,15 @@ const std::vector<tune_case> sweep_cases = {
             "mac-tx::delay: nothing passes, 2 points tried\n",
      .status = 1,
      .accesses = any_accesses},
-    {.name = "TestThatIsNotThereEndsIt",
-     .args = sweep({"mac-tx::delay=3", "--", "/no/such/test"}),
-     .out = head("mac-tx::delay=3 -- /no/such/test", tx_head) +
-            "try mac-tx::delay=3\ninterrupted\n| cannot execute /no/such/test: No such file or "
-            "directory\nend cannot execute /no/such/test: No such file or directory\n",
+    refused("TestThatIsNotThere", sweep({"mac-tx::delay=3", "--", "/no/such/test"}),
+            "cannot execute /no/such/test: No such file or directory\n"),
+    {.name = "TestThatCannotBeExecutedEndsIt",
+     .args = sweep({"mac-tx::delay=3", "--", "/"}),
+     .out = head("mac-tx::delay=3 -- /", tx_head) +
+            "try mac-tx::delay=3\ninterrupted\n| cannot execute /: Permission denied\n"
+            "end cannot execute /: Permission denied\n",
      .err = "mac-tx::delay: 1 point, 3, from 3 outwards\n" + mounted +
-            "cannot execute /no/such/test: No such file or directory\n",
+            "cannot execute /: Permission denied\n",
      .status = 2,
      .accesses = any_accesses},
     {.name = "TestMayUseBriselButNotChangeWhatIsTried",
@@ -268,6 +270,23 @@ const std::vector<tune_case> sweep_cases = {
      .err = "cpu_regulator::microvolts: 3 points, 999999 to 1000001, from 1000000 outwards\n" +
             mounted + "cpu_regulator::microvolts: 999999 to 1000001 pass, 3 points tried\n",
      .files = {{"/sys/class/regulator/regulator.1/microvolts", "1000000"}}},
+    {.name = "ValuesOfAListAreSaid",
+     .args = sweep({"mac-tx::delay=1,3", "--", "true"}),
+     .out = head("mac-tx::delay=1,3 -- true", tx_head) +
+            "try mac-tx::delay=1\npass\ntry mac-tx::delay=3\npass\nend complete\n",
+     .err = "mac-tx::delay: 2 points, 1, 3, from 1 outwards\n" + mounted +
+            "mac-tx::delay: 1 to 3 pass, 2 points tried\n",
+     .accesses = any_accesses},
+    {.name = "LockThatIsNotGotLeavesThePointUntried",
+     .args = sweep({"mac-tx::delay=2..3", "--", "true"}),
+     .board = board_setup().fault("fail flock 5"),
+     .out = head("mac-tx::delay=2..3 -- true", tx_head) +
+            "try mac-tx::delay=2\npass\ntry mac-tx::delay=3\ninterrupted\n"
+            "end cannot lock /tmp/brisel.lock: No locks available\n",
+     .err = "mac-tx::delay: 2 points, 2 to 3, from 2 outwards\n" + mounted +
+            "cannot lock /tmp/brisel.lock: No locks available\n",
+     .status = 2,
+     .accesses = any_accesses},
     refused("SweepWithoutATest", {"sweep", "mac-tx::delay"},
             "usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...\n"),
     refused("SweepOfNothing", {"sweep", "--", "true"},
@@ -304,14 +323,39 @@ const std::vector<tune_case> sweep_cases = {
      .args = {"sweep", "--continue", tuning_file},
      .tuning = "brisel-tune sweep log, format 1\nrun sweep a b c -- true\nsession S, boot B\n"
                "before a = 1\n",
-     .err = "usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...\n",
+     .err = "a sweep has one axis or two\n",
      .status = 2},
     {.name = "LogWithoutAnAxisIsRefused",
      .args = {"sweep", "--continue", tuning_file},
      .tuning = "brisel-tune sweep log, format 1\nrun sweep -- true\nsession S, boot B\n"
                "before a = 1\n",
-     .err = "usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...\n",
+     .err = "a sweep has one axis or two\n",
      .status = 2},
+    {.name = "LogOfAnotherCommandIsRefused",
+     .args = {"sweep", "--continue", tuning_file},
+     .tuning = "brisel-tune sweep log, format 1\nrun save mac -- true\nsession S, boot B\n"
+               "before a = 1\n",
+     .err = "TUNING:2: 'save mac -- true' is no sweep\n",
+     .status = 2},
+    {.name = "LogOfNoCommandIsRefused",
+     .args = {"sweep", "--continue", tuning_file},
+     .tuning = "brisel-tune sweep log, format 1\nrun \nsession S, boot B\nbefore a = 1\n",
+     .err = "TUNING:2: '' is no sweep\n",
+     .status = 2},
+    {.name = "LogWithAnUnknownOptionIsRefused",
+     .args = {"best", tuning_file},
+     .tuning = "brisel-tune sweep log, format 1\nrun sweep --never a -- true\nsession S, boot B\n"
+               "before a = 1\n",
+     .err = "TUNING:2: unknown option: '--never'\n",
+     .status = 2},
+    {.name = "LogWithAMistakeInAValueBeforeIsRefused",
+     .args = {"best", tuning_file},
+     .tuning = "brisel-tune sweep log, format 1\nrun sweep mac-tx::delay -- true\n"
+               "session S, boot B\nbefore mac-tx::delay = 16\n",
+     .err = "TUNING:4: '16' is no value of mac-tx::delay, which takes 0 to 15\n",
+     .status = 2},
+    refused("TogetherWithoutASet", sweep({"--together", "mac-tx::delay", "--", "true"}),
+            "--together is for a set of lanes: mac-tx::delay is none\n"),
     refused("ContinueWithMoreThanALog", {"sweep", "--continue", tuning_file, "mac-tx::delay"},
             "TUNING: no log of a sweep, or one that ends before its first point\n"),
 };

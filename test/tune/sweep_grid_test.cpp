@@ -103,8 +103,9 @@ TEST(Windows, AreWhereAllPass) {
     const auto widest = [&](const std::string& row, const std::string& present) {
         const sweep_grid grid = row_of(all, row, present);
         const window w = widest_in(grid, 0);
-        return w.size == 0 ? "none"
-                           : text_of(grid, w) + ", " + grid.columns.text(middle_of(grid, w));
+        return w.size == 0
+                   ? "none"
+                   : text_of(grid.columns, w) + ", " + grid.columns.text(middle_of(grid, w));
     };
     //                 876543210123456
     EXPECT_EQ(widest("xxx...xxx....xx", "d+0"), "d+1 to d+4, d+2");
