@@ -53,4 +53,5 @@ tune_status set_values(const knobs& all, const command_line& words);
 tune_status sweep_axes(const knobs& all, const command_line& words);
 tune_status restore_values(const knobs& all, const command_line& words);
 tune_status find_best(const knobs& all, const command_line& words);
+tune_status plot_sweep(const knobs& all, const command_line& words);
 tune_status apply_tuning(const knobs& all, const command_line& words);

@@ -68,6 +68,8 @@ constexpr command commands[] = {
      sweep_axes, 1, 2, "osrTSltcaCR"},
     {"best", "LOG...", "the middle of each lane's widest window, as a tuning", find_best, 1,
      most_logs, ""},
+    {"plot", "[-o FILE.svg|FILE.html] LOG...", "draws the eye of a sweep, or a grid of two knobs",
+     plot_sweep, 1, most_logs, "o"},
     {"restore", "[--force] LOG", "puts back what a sweep found", restore_values, 1, 1, "f"},
     {"apply", "[-n] FILE", "sets what differs, or nothing; -n shows what it would set",
      apply_tuning, 1, 1, "n"},

@@ -20,10 +20,11 @@ stream_ends open_pipe() {
     return {descriptor(failed == 0 ? ends[0] : -1), descriptor(failed == 0 ? ends[1] : -1)};
 }
 
-std::optional<stream_ends> open_terminal() {
+std::optional<stream_ends> open_terminal(unsigned short columns) {
+    const winsize size{.ws_row = 24, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
     int master = -1;
     int slave = -1;
-    if (openpty(&master, &slave, nullptr, nullptr, nullptr) != 0) {
+    if (openpty(&master, &slave, nullptr, nullptr, &size) != 0) {
         return std::nullopt;
     }
     fcntl(master, F_SETFD, FD_CLOEXEC);
@@ -62,8 +63,8 @@ stream_result run_into_pipe(program_start program) {
     return run_into(std::move(program), open_pipe());
 }
 
-std::optional<stream_result> run_in_terminal(program_start program) {
-    std::optional<stream_ends> terminal = open_terminal();
+std::optional<stream_result> run_in_terminal(program_start program, unsigned short columns) {
+    std::optional<stream_ends> terminal = open_terminal(columns);
     if (!terminal) {
         return std::nullopt;
     }

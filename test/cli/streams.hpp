@@ -22,8 +22,9 @@ stream_result run_into_pipe(program_start program);
 /**
  * Runs the program with standard output and standard error on one terminal; nothing where this
  * machine has no pseudo-terminal.
+ * @param columns the terminal's width; 0 where it does not know it
  */
-std::optional<stream_result> run_in_terminal(program_start program);
+std::optional<stream_result> run_in_terminal(program_start program, unsigned short columns = 0);
 
 /** What a test says that needs one and is left out. */
 inline const char* const no_terminal = "LEFT OUT: no pseudo-terminal, so nothing ran at a terminal";

@@ -1,3 +1,4 @@
+#include <array>
 #include <csignal>
 #include <string>
 #include <vector>
@@ -6,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include "cli/streams.hpp"
 #include "tune/swept_board.hpp"
@@ -17,13 +19,15 @@ namespace sweep_board_test {
 
 using namespace swept_boards;
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
 TEST(SweepOnABoardThatDies, FindsTheWindow) {
     const swept_board b("eye " + lane + " -4 +7\n");
     EXPECT_EQ(b.sweep({lane, "--", memory_test}), 2); // one death on each side
-    EXPECT_EQ(b.best(), lane + " = 65 # d+1, window d-4 to d+7, 12 points, margins 5 and 6\n");
+    EXPECT_EQ(b.best(), lane + " = 65 # d+1, window d-4 to d+7, 12 points, margins 5 and 6; "
+                               "d-5 hung; d+8 hung\n");
     EXPECT_EQ(b.held(lane), lane + " = 64 # d+0\n");
     // There is nothing left to be tried: what was set since stays.
     EXPECT_EQ(run_tune(b.on_board(), {"set", lane + "=d+1"}).status, 0);
@@ -39,13 +43,14 @@ TEST(SweepOnABoardThatDies, GoesThroughAHole) {
     const swept_board b("eye " + lane + " -4 +7\nhole " + lane + " +3 +4\n");
     EXPECT_EQ(b.sweep({lane, "--", memory_test}), 2);
     EXPECT_EQ(b.best(), lane + " = 1 # d-1, window d-4 to d+2, 7 points, margins 3 and 3; also "
-                               "d+5 to d+7\n");
+                               "d+5 to d+7; d-5 hung\n");
 }
 
 TEST(SweepOnABoardThatDies, TriesEveryPointIfAsked) {
     const swept_board b("eye " + lane + " -2 +1\n");
     EXPECT_EQ(b.sweep({"--all", lane + "=d-5..d+5", "--", memory_test}), 7);
-    EXPECT_EQ(b.best(), lane + " = 64 # d+0, window d-2 to d+1, 4 points, margins 2 and 1\n");
+    EXPECT_EQ(b.best(), lane + " = 64 # d+0, window d-2 to d+1, 4 points, margins 2 and 1; "
+                               "d-3 hung; d+2 hung\n");
     EXPECT_EQ(b.go_on({"--retry-hangs"}).status, -SIGKILL);
 }
 
@@ -53,7 +58,10 @@ TEST(SweepOnABoardThatDies, BeginsARowInTheMiddleOfItsNeighboursWindow) {
     const swept_board b("eye " + lane + " -1 +7\nnarrow orlin-ddra-* mac-tx::delay 2 2\n");
     EXPECT_EQ(b.sweep({lane + "=d-5..d+9", delay + "=1..3", "--", memory_test}), 6);
     EXPECT_EQ(b.best(), delay + " = 2\n" + lane +
-                            " = 67 # d+3, window d-1 to d+7, 9 points, margins 4 and 4\n");
+                            " = 67 # d+3, window d-1 to d+7, 9 points, margins 4 and 4; of " +
+                            delay +
+                            " 1 to 3, 3 rows, margins 1 and 1; d-2 hung; d+8 hung; its first row "
+                            "is the range's; its last row is the range's\n");
     EXPECT_THAT(b.log(),
                 HasSubstr("before " + delay + " = 2\ntry " + lane + "=d+3 " + delay + "=3\npass"));
 }
@@ -88,7 +96,7 @@ TEST(SweepInOneBoot, IsPutBackBeforeItGoesOn) {
     EXPECT_EQ(b.go_on().status, 0);
     EXPECT_EQ(b.held(delay), delay + " = 2\n");
     EXPECT_EQ(b.best(), delay + " = 2 # window 2, 1 point, margins 0 and 0; its first point is the "
-                                "range's\n");
+                                "range's; 3 hung\n");
     EXPECT_EQ(b.go_on({"--retry-hangs"}).status, 0);
     EXPECT_EQ(b.best(),
               delay + " = 3 # window 2 to 4, 3 points, margins 1 and 1; its first point is the "
@@ -103,7 +111,29 @@ TEST(SweepInOneBoot, DoesNotGoOnWhereItCannotBePutBack) {
     write_text(b.on_board().path("/../faults"), "stuck " + delay + " 1\n");
     const run_result run = b.go_on();
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, delay + " was set to 2 and holds 3\n");
+    EXPECT_EQ(run.err, delay + " was set to 2 and holds 3\n" + delay + " = 7 # as before\n");
+}
+
+TEST(SweepInOneBoot, TakesNoValuesBeforeThatAreCutOff) {
+    const swept_board b;
+    const std::string lanes = lane.substr(0, lane.size() - 1); // the set
+    EXPECT_EQ(b.begin({lanes + "=d+0", "--", "true"}).status, 0);
+    const std::string whole = b.log();
+    const std::size_t third = whole.find("before " + lanes + "2");
+    // Nothing had been tried: what the board holds now is what it goes back to.
+    write_text(b.log_file(), whole.substr(0, third));
+    EXPECT_EQ(run_tune(b.on_board(), {"restore", b.log_file()}).status, 2);
+    EXPECT_EQ(run_tune(b.on_board(), {"set", lanes + "0=d+7"}).status, 0);
+    EXPECT_EQ(b.go_on().status, 0);
+    EXPECT_EQ(b.held(lanes + "0"), lanes + "0 = 71 # d+7\n");
+    // Something had: a log without these lines was written by somebody else.
+    std::string torn = whole;
+    torn.erase(third, torn.find("before " + lanes + "5") - third);
+    write_text(b.log_file(), torn.substr(0, torn.find("end complete")));
+    EXPECT_EQ(b.go_on().err, b.log_file() + ":5: the values before are not those of the axes\n");
+    EXPECT_EQ(b.held(lanes + "0"), lanes + "0 = 71 # d+7\n");
+    EXPECT_EQ(run_tune(b.on_board(), {"best", b.log_file()}).err,
+              b.log_file() + ":4: it is not known what " + lanes + "2 held before\n");
 }
 
 class InterruptedSweep : public testing::TestWithParam<int> {};
@@ -205,20 +235,55 @@ TEST(SweepLogOnABoard, ThatIsLostEndsItWithAllAsBefore) {
     EXPECT_EQ(b.held(delay), delay + " = 2\n");
 }
 
+TEST(SweepLogOnABoard, ThatIsLostDoesNotHideWhatIsNotPutBack) {
+    const swept_board b;
+    const std::string wait = "while [ ! -e $BRISEL_BOARD/gone ]; do sleep 0.01; done";
+    program_start program = b.on_board().launch_bare(
+        {"sweep", "--lead=0", delay + "=3", "--", "sh", "-c", wait}, "fail mmap 6+", "brisel-tune");
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+    descriptor reader(ends[0]);
+    descriptor writer(ends[1]);
+    const std::string said = b.on_board().path("/tmp/said");
+    const descriptor err(said, O_WRONLY | O_CREAT);
+    program.in = err;
+    program.out = writer;
+    program.err = err;
+    const pid_t process = start(program);
+    writer.close();
+    std::string log;
+    for (char c = 0; !testing::Value(log, HasSubstr("\ntry ")) && read(reader, &c, 1) == 1;) {
+        log += c;
+    }
+    reader.close();
+    write_text(b.on_board().path("/../gone"), "");
+    EXPECT_EQ(wait_for(process), 2);
+    EXPECT_THAT(text_of(said), HasSubstr("not everything could be put back:\n"));
+    EXPECT_THAT(text_of(said), EndsWith("brisel-tune: standard output: Broken pipe\n"));
+}
+
 TEST(SweepOnATerminal, ShowsHowFarItIs) {
     const swept_board b;
     program_start program = b.on_board().launch_bare(
         {"sweep", "-o", b.log_file(), delay + "=2..3", "--", "true"}, "", "brisel-tune");
-    const auto shown = run_in_terminal(std::move(program));
+    for (const char* const variable : {"LANG", "LC_ALL", "LC_CTYPE"}) {
+        program.environment.emplace_back(variable, "C");
+    }
+    program.environment.insert(program.environment.end(),
+                               {{"COLUMNS", "80"}, {"NO_COLOR", "1"}, {"TERM", "vt100"}});
+    const auto shown = run_in_terminal(program);
     if (!shown) {
         GTEST_SKIP() << no_terminal;
     }
     EXPECT_THAT(shown->text(),
-                HasSubstr("\r\033[Kmac-tx::delay: 1 point, 2 pass, 0 s gone, at most "
-                          "0 s left"));
-    EXPECT_THAT(shown->text(),
-                HasSubstr("\r\033[Kbrisel-tune: mac-tx::delay: 2 to 3 pass, 2 points "
-                          "tried\r\n"));
+                EndsWith("\r\n\r\033[Kdelay #. 1 done, 2 pass, 0:00, up to 0:00 left"
+                         "\r\033[Kdelay ## 2 done, 2 to 3 pass, 0:00, up to 0:00 left"
+                         "\r\033[Kdelay ## 2 to 3 pass, 2 points tried\r\n"));
+    // Where no line can be written over, each row has one.
+    program.words[3] += "-of-dumb";
+    program.environment.back().second = "dumb";
+    EXPECT_THAT(run_in_terminal(program)->text(),
+                EndsWith("on /\r\nbrisel-tune: mac-tx::delay: 2 to 3 pass, 2 points tried\r\n"));
 }
 
 TEST(SweepOnATerminal, HasItsLogElsewhere) {

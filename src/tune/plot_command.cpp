@@ -1,0 +1,28 @@
+#include <unistd.h>
+
+#include "tune/canvas.hpp"
+#include "tune/commands.hpp"
+#include "tune/console.hpp"
+#include "tune/html_plot.hpp"
+#include "tune/mistake.hpp"
+#include "tune/svg_plot.hpp"
+#include "tune/text.hpp"
+#include "tune/text_plot.hpp"
+#include "tune/whole_file.hpp"
+
+tune_status plot_sweep(const knobs& all, const command_line& words) {
+    const std::string file = words.output.value_or("");
+    const bool is_page = file.ends_with(".html");
+    if (words.output && !is_page && !file.ends_with(".svg")) {
+        throw mistake("-o takes FILE.svg or FILE.html, not " + in_quotes(file));
+    }
+    const sweep_results results = read_results(all, words.operands);
+    if (is_page) {
+        write_whole(file, plot_html(results));
+    } else if (words.output) {
+        write_whole(file, plot_svg(results));
+    } else {
+        show(plot_text(results, canvas_of(STDOUT_FILENO)));
+    }
+    return tune_status::done;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "tune/canvas.hpp"
+#include "tune/sweep_grid.hpp"
+
+/**
+ * How many points a sign of a row stands for, so that all signs find room.
+ * @param room in characters, at least one
+ */
+std::size_t stride_for(std::size_t points, std::size_t room);
+
+/** A row of a grid, a sign for each so many points: that of the worst among them. */
+std::string row_picture(const sweep_grid& grid, std::size_t row, std::size_t stride,
+                        const canvas& on);

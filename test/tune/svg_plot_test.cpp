@@ -1,0 +1,142 @@
+#include "tune/svg_plot.hpp"
+
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tune/drawing.hpp"
+#include "tune/html_plot.hpp"
+#include "tune/sweep_text.hpp"
+#include "tune/xml.hpp"
+
+namespace svg_plot_test {
+
+using namespace sweep_texts;
+
+using testing::HasSubstr;
+using testing::Not;
+
+std::size_t count_of(const std::string& part, const std::string& text) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+const std::string delay = "mac-tx::delay";
+
+/** The log of a sweep from 0 to 15. */
+std::string plain_log(const std::string& signs) {
+    return head_of("--repeat=5 " + delay + " -- test '<&>\"'", {delay + "=3"}) +
+           row_of(delay + "=", 0, signs) + "end complete\n";
+}
+
+TEST(SvgPlot, HasACellForEachPoint) {
+    const knobs all;
+    const std::string svg = plot_svg(results_in(all, plain_log("x###tH4nu"), "log"));
+    EXPECT_EQ(count_of("<rect ", svg), 1U + 16U + 8U); // the paper, the points, the legend
+    for (const char* const cell :
+         {"class=\"failed\"><title>0: failed<", "class=\"passed\"><title>1: passed<",
+          "class=\"timed-out\"><title>4: timed out<", "class=\"hung\"><title>5: hung<",
+          "class=\"part\"><title>6: 4 of 5 passed<", "class=\"no-stick\"><title>7: did not stick<",
+          "class=\"unsound\"><title>8: unsound<", "class=\"untried\"><title>15: not tried<"}) {
+        EXPECT_THAT(svg, HasSubstr(cell));
+    }
+    for (const char* const sign : {"x", "t", "H", "4", "n", "u"}) {
+        EXPECT_THAT(svg,
+                    HasSubstr("class=\"sign\" text-anchor=\"middle\">" + std::string(sign) + "<"));
+    }
+    EXPECT_EQ(count_of("class=\"sign\"", svg), 13U + 7U); // no pass has one
+    EXPECT_THAT(svg, HasSubstr(">columns: mac-tx::delay, [0-15]cycles, in cycles<"));
+    EXPECT_THAT(svg,
+                HasSubstr(">best: mac-tx::delay=2; window 1 to 3, 3 points, margins 1 and 1<"));
+    EXPECT_THAT(svg, HasSubstr(">1 to 3  2       1 and 1<"));
+    EXPECT_THAT(svg, HasSubstr(">mac-tx::delay: test '&lt;&amp;&gt;&quot;'<"));
+    EXPECT_EQ(count_of("class=\"best\"", svg), 2U); // and in the legend
+    EXPECT_EQ(count_of("class=\"present\"", svg), 2U);
+}
+
+TEST(SvgPlot, NeedsNothingElse) {
+    const knobs all;
+    const sweep_results results = results_in(all, plain_log("###"), "log");
+    for (const std::string& picture : {plot_svg(results), plot_html(results)}) {
+        EXPECT_THAT(picture, Not(HasSubstr("href")));
+        EXPECT_THAT(picture, Not(HasSubstr("url(")));
+        EXPECT_THAT(picture, Not(HasSubstr("<script")));
+        EXPECT_THAT(picture, HasSubstr("prefers-color-scheme: dark"));
+    }
+}
+
+TEST(SvgPlot, HasNoMarksWhereNothingPasses) {
+    const knobs all;
+    std::string log = plain_log("xxx");
+    log.replace(log.find("=3\n"), 3, "=9\n");
+    log.replace(log.find(delay + " --"), delay.size(), delay + "=0..7");
+    const std::string svg = plot_svg(results_in(all, log, "log"));
+    EXPECT_EQ(count_of("class=\"best\"", svg), 1U); // in the legend
+    EXPECT_EQ(count_of("class=\"present\"", svg), 1U);
+    EXPECT_THAT(svg, HasSubstr(">mac-tx::delay: nothing passes<"));
+}
+
+TEST(SvgPlot, HasNarrowCellsWithoutSignsWhereThereAreMany) {
+    const knobs all;
+    const std::string name = "cpu_regulator::microvolts";
+    const std::string svg =
+        plot_svg(results_in(all,
+                            head_of(name + "=900000..900999 -- test", {name + "=900500"}) + "try " +
+                                name + "=900500\nfail 1 s\n",
+                            "log"));
+    EXPECT_EQ(count_of(" width=\"3\" ", svg), 1000U);
+    EXPECT_EQ(count_of("class=\"sign\"", svg), 2U); // the legend's
+}
+
+TEST(SvgPlot, OfTwoAxesHasTheLastRowOnTop) {
+    const knobs all;
+    const std::string rows = "mac-rx::delay";
+    std::string log =
+        head_of(delay + "=0..3 " + rows + "=4..6 -- test", {delay + "=3", rows + "=6"});
+    log += row_of(delay + "=", 0, "xxxx", " " + rows + "=4");
+    log += row_of(delay + "=", 0, "####", " " + rows + "=5");
+    const std::string svg = plot_svg(results_in(all, log, "log"));
+    EXPECT_LT(svg.find("<title>0 with 6: not tried<"), svg.find("<title>0 with 5: passed<"));
+    EXPECT_LT(svg.find("<title>0 with 5: passed<"), svg.find("<title>0 with 4: failed<"));
+    EXPECT_EQ(count_of("class=\"frame\"", svg), 1U);
+    EXPECT_EQ(count_of(">&lt; present <", svg), 1U);
+    EXPECT_EQ(count_of(">&lt; best<", svg), 1U);
+    EXPECT_THAT(svg, HasSubstr(">rows: mac-rx::delay, [0-15]cycles, in cycles<"));
+}
+
+TEST(HtmlPlot, HasThePictureAndATable) {
+    const knobs all;
+    const sweep_results results = results_in(all, plain_log(".###..."), "log");
+    const std::string page = plot_html(results);
+    EXPECT_THAT(page, HasSubstr(plot_svg(results)));
+    EXPECT_THAT(page, HasSubstr("<tr><td>mac-tx::delay</td><td>1 to 3</td><td>2</td>"
+                                "<td>1 and 1</td><td>best: mac-tx::delay=2; window 1 to 3, 3 "
+                                "points, margins 1 and 1; 0 was not tried; 4 was not "
+                                "tried</td></tr>\n"));
+    EXPECT_THAT(page, HasSubstr("<title>mac-tx::delay: test '&lt;&amp;&gt;&quot;'</title>"));
+}
+
+TEST(Drawing, ReachesAsFarAsItsElements) {
+    drawing d;
+    d.cell(10, 20, 30, 40, "a", "<b>");
+    EXPECT_EQ(d.width(), 10 + 30 + 16);
+    EXPECT_EQ(d.height(), 20 + 40 + 16);
+    d.text(100, 5, "c", "12345");
+    EXPECT_EQ(d.width(), 100 + 5 * 8 + 16);
+    d.text(300, 100, "c", "x", "middle"); // has to be reached by something else
+    d.path("e", "M0 0");
+    EXPECT_EQ(d.svg("t", "s"),
+              "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"156\" height=\"76\" viewBox=\"0 0 "
+              "156 76\" role=\"img\">\n<title>t</title>\n<style>s</style>\n<rect width=\"156\" "
+              "height=\"76\" class=\"paper\"/>\n<rect x=\"10\" y=\"20\" width=\"30\" height=\"40\" "
+              "class=\"a\"><title>&lt;b&gt;</title></rect>\n<text x=\"100\" y=\"5\" "
+              "class=\"c\">12345</text>\n<text x=\"300\" y=\"100\" class=\"c\" "
+              "text-anchor=\"middle\">x</text>\n<path class=\"e\" d=\"M0 0\"/>\n</svg>\n");
+}
+
+} // namespace svg_plot_test

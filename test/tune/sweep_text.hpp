@@ -1,0 +1,50 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+/** What a test has logged, written by hand. */
+namespace sweep_texts {
+
+/**
+ * The beginning of a log.
+ * @param run    the words behind "sweep"
+ * @param before what the properties held: lines of a tuning without blanks, "mac-tx::delay=2"
+ */
+inline std::string head_of(const std::string& run, const std::vector<std::string>& before) {
+    std::string text = "brisel-tune sweep log, format 1\nmachine Board (board1, armv7l)\n"
+                       "version 1.4.0\nrun sweep " +
+                       run + "\nsession 2026-11-22 14:00:00 UTC, boot b1\n";
+    for (const std::string& line : before) {
+        text += "before " + line + "\n";
+    }
+    return text;
+}
+
+/**
+ * Points of a row, each as the C locale draws it; what is '.' was not tried.
+ * @param name   the property, with "=d" where the points are delays
+ * @param from   the first point
+ * @param behind the second axis's words
+ */
+inline std::string row_of(const std::string& name, int from, const std::string& signs,
+                          const std::string& behind = "") {
+    const std::map<char, std::string> verdicts = {
+        {'#', "pass 0.1 s\n"},     {'x', "fail 0.1 s\n| wrong\n"}, {'t', "timeout 0.1 s\n"},
+        {'n', "no-stick 0.1 s\n"}, {'u', "fail 0.1 s\nunsound\n"}, {'H', ""}};
+    const bool signs_numbers = name.ends_with('d');
+    std::string text;
+    for (const char sign : signs) {
+        if (sign != '.') {
+            const std::string plus = signs_numbers && from >= 0 ? "+" : "";
+            text += "try " + name + plus + std::to_string(from) + behind + "\n";
+            const auto found = verdicts.find(sign);
+            text += found == verdicts.end() ? std::string(1, sign) + "/5 0.1 s\n" : found->second;
+        }
+        ++from;
+    }
+    return text;
+}
+
+} // namespace sweep_texts

@@ -1,0 +1,451 @@
+#include "tune/text_plot.hpp"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tune/mistake.hpp"
+#include "tune/plot_words.hpp"
+#include "tune/row_picture.hpp"
+#include "tune/signs.hpp"
+#include "tune/sweep_text.hpp"
+
+namespace text_plot_test {
+
+using namespace sweep_texts;
+
+using testing::Pair;
+using testing::StartsWith;
+using testing::ThrowsMessage;
+
+const std::string lane = "orlin-ddra-read0::dq3";
+const std::string set = "orlin-ddra-read0::dq";
+
+/** Logs, and how they are drawn. */
+struct plot_case {
+    std::string name;
+    std::vector<std::string> logs;
+    canvas on;
+    std::string picture;
+};
+
+void PrintTo(const plot_case& c, std::ostream* out) {
+    *out << c.name;
+}
+
+/** The log of a lane from d-8 to d+8. */
+std::string lane_log(const std::string& signs, const std::string& present = "64") {
+    return head_of("--repeat=5 " + lane + "=d-8..d+8 -- memtester 64M 1", {lane + "=" + present}) +
+           row_of(lane + "=d", -8, signs) + "end complete\n";
+}
+
+std::string slice_log() {
+    std::vector<std::string> before;
+    std::string points;
+    const std::vector<std::string> rows = {"xx#######x", "t########t", "..........", "xxxx##xx##",
+                                           "#########H", "xxxxxxxxxx", "12344#4321", "n#########"};
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        before.push_back(set + std::to_string(i) + "=" + std::to_string(60 + i));
+        points += row_of(set + std::to_string(i) + "=d", -4, rows[i]);
+    }
+    return head_of("--repeat=5 " + set + " -- test", before) + points;
+}
+
+std::string grid_log(const std::vector<std::string>& rows, const std::string& tx = "5",
+                     const std::string& rx = "3") {
+    std::string text = head_of("mac-tx::delay mac-rx::delay=2..4 -- test",
+                               {"mac-tx::delay=" + tx, "mac-rx::delay=" + rx});
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        text += row_of("mac-tx::delay=", 0, rows[i], " mac-rx::delay=" + std::to_string(2 + i));
+    }
+    return text + "end complete\n";
+}
+
+constexpr canvas ascii{80, false, false};
+constexpr canvas utf8{80, true, false};
+
+const plot_case cases[] = {
+    {"OneLane", {lane_log("xx############xxx")}, utf8, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 ××████████████×××  d-6 to d+5  d+0     6 and 5
+            ◆
+
+█ passed  × failed  │ present  ▲ best  ◆ present and best
+)"},
+    {"OneLaneInAscii", {lane_log("xx############xxx")}, ascii, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 xx############xxx  d-6 to d+5  d+0     6 and 5
+            @
+
+# passed  x failed  | present  ^ best  @ present and best
+)"},
+    {"PresentValueBesideTheBest", {lane_log("..x#######x......", "1")}, utf8, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 ··×███████×······  d-5 to d+1  d-2     3 and 3
+          ▲│
+
+█ passed  · not tried  × failed  │ present  ▲ best  ◆ present and best
+)"},
+    {"PresentValueThatIsNoPoint", {lane_log("..x#######x......", "10")}, ascii, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 ..x#######x......  d-5 to d+1  d-2     3 and 3
+          ^
+
+# passed  . not tried  x failed  | present  ^ best  @ present and best
+)"},
+    {"HolesAndHangs", {lane_log("H##x####4##u#tnxH")}, ascii, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 H##x####4##u#tnxH  d-4 to d-1  d-2     2 and 1
+          ^ |
+
+# passed  1-4 of 5 runs passed  n did not stick  x failed  t timed out
+u unsound  H hung  | present  ^ best  @ present and best
+)"},
+    {"NothingPassed", {lane_log("xxxxxxxxxxxxxxxxx")}, ascii, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window          middle  margins
+dq3 xxxxxxxxxxxxxxxxx  nothing passes
+            |
+
+x failed  | present  ^ best  @ present and best
+)"},
+    {"NothingTried", {lane_log("")}, ascii, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window     middle  margins
+dq3 .................  not tried
+            |
+
+. not tried  | present  ^ best  @ present and best
+)"},
+    {"LogThatIsCutOff", {lane_log("...x####").substr(0, 400)}, ascii, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 ...x###..........  d-4 to d-2  d-3     1 and 1
+         ^  |
+
+# passed  . not tried  x failed  | present  ^ best  @ present and best
+)"},
+    {"Slice", {slice_log()}, ascii, R"(
+orlin-ddra-read0::dq: test
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
+
+    |d-63  |d-42  |d-21  |d+0   |d+21  |d+42  |d+63  window          middle  margins
+dq0 ...................xx#x....................  d-2 to d+4      d+1     3 and 3
+     |                   ^
+dq1 ...................t##t....................  d-3 to d+4      d+0     3 and 4
+    |                    ^
+dq2 ...........................................  not tried
+    |
+dq3 ...................xxxx....................  d+0 to d+1      d+0     0 and 1
+    |                    ^
+dq4 ....................##H....................  d-4 to d+4      d+0     4 and 4
+                         @
+dq5 ...................xxxx....................  nothing passes
+                         |
+dq6 ...................1241....................  d+1             d+1     0 and 0
+                         @
+dq7 ...................n###....................  d-3 to d+5      d+1     4 and 4
+                         ^|
+each sign: the worst of 3 points
+
+# passed  . not tried  1-4 of 5 runs passed  n did not stick  x failed
+t timed out  H hung  | present  ^ best  @ present and best
+)"},
+    {"SliceInFortyColumns", {slice_log()}, {40, true, false}, R"(
+orlin-ddra-read0::dq: test
+Board (board1, armv7l), 2026-11-22 14...
+
+    |d-63  |d-35  |d-7   |d+21  |d+49
+  window          middle  margins
+dq0 ··············××█×··············
+    │               ▲
+  d-2 to d+4      d+1     3 and 3
+dq1 ··············t██t··············
+    │              ▲
+  d-3 to d+4      d+0     3 and 4
+dq2 ································
+    │
+  not tried
+dq3 ··············×××···············
+    │              ▲
+  d+0 to d+1      d+0     0 and 1
+dq4 ···············██H··············
+                   ◆
+  d-4 to d+4      d+0     4 and 4
+dq5 ··············××××··············
+                    │
+  nothing passes
+dq6 ··············1221··············
+                    ◆
+  d+1             d+1     0 and 0
+dq7 ··············n██···············
+                    ◆
+  d-3 to d+5      d+1     4 and 4
+each sign: the worst of 4 points
+
+█ passed  · not tried
+1-4 of 5 runs passed  n did not stick
+× failed  t timed out  H hung  │ present
+▲ best  ◆ present and best
+)"},
+    {"SliceInTwoHundredColumns", {slice_log()}, {200, true, false}, R"(
+orlin-ddra-read0::dq: test
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
+
+    |d-63  |d-56  |d-49  |d-42  |d-35  |d-28  |d-21  |d-14  |d-7   |d+0   |d+7   |d+14  |d+21  |d+28  |d+35  |d+42  |d+49  |d+56  |d+63  window          middle  margins
+dq0 ···························································××███████×··························································  d-2 to d+4      d+1     3 and 3
+       │                                                            ▲
+dq1 ···························································t████████t··························································  d-3 to d+4      d+0     3 and 4
+      │                                                            ▲
+dq2 ·······························································································································  not tried
+     │
+dq3 ···························································××××██××██··························································  d+0 to d+1      d+0     0 and 1
+    │                                                              ▲
+dq4 ···························································█████████H··························································  d-4 to d+4      d+0     4 and 4
+                                                                   ◆
+dq5 ···························································××××××××××··························································  nothing passes
+                                                                    │
+dq6 ···························································12344█4321··························································  d+1             d+1     0 and 0
+                                                                    ▲│
+dq7 ···························································n█████████··························································  d-3 to d+5      d+1     4 and 4
+                                                                    ▲ │
+
+█ passed  · not tried  1-4 of 5 runs passed  n did not stick  × failed  t timed out  H hung  │ present  ▲ best  ◆ present and best
+)"},
+    {"LaneInFiftyColumns", {lane_log("xx############xxx")}, {50, false, false}, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 xx############xxx  d-6 to d+5  d+0     6 and 5
+            @
+
+# passed  x failed  | present  ^ best
+@ present and best
+)"},
+    {"TwoAxes",
+     {grid_log({"...xx#####xx....", "...x########x...", "....xx####xxx"})},
+     utf8,
+     R"(
+mac-tx::delay and mac-rx::delay: test
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+mac-rx::delay
+4 ····××████×××···
+3 ···×████████×··· ◆
+2 ···××█████××····
+       │ ▲
+  |0   |5   |10  |15
+  mac-tx::delay
+best: mac-tx::delay=7 mac-rx::delay=3; window 4 to 11, 8 points, margins 3 and
+4; of mac-rx::delay 2 to 4, 3 rows, margins 1 and 1; its first row is the
+range's; its last row is the range's
+
+█ passed  · not tried  × failed  │ present  ▲ best  ◆ present and best
+)"},
+    {"TwoAxesOnTheBestRow",
+     {grid_log({"...xxxxxxxxx....", "...x####x###x...", "....xxxxxxxxx"})},
+     ascii,
+     R"(
+mac-tx::delay and mac-rx::delay: test
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+mac-rx::delay
+4 ....xxxxxxxxx...
+3 ...x####x###x... @
+2 ...xxxxxxxxx....
+       @
+  |0   |5   |10  |15
+  mac-tx::delay
+best: mac-tx::delay=5 mac-rx::delay=3; window 4 to 7, 4 points, margins 1 and 2;
+of mac-rx::delay 3, 1 row, margins 0 and 0; also 9 to 11
+
+# passed  . not tried  x failed  | present  ^ best  @ present and best
+)"},
+    {"TwoAxesWithoutAPass", {grid_log({"xxx", "xxx"}, "5", "9")}, ascii, R"(
+mac-tx::delay and mac-rx::delay: test
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+mac-rx::delay
+4 ................
+3 xxx.............
+2 xxx.............
+       |
+  |0   |5   |10  |15
+  mac-tx::delay
+mac-tx::delay: nothing passes
+
+. not tried  x failed  | present  ^ best  @ present and best
+)"},
+    {"TwoAxesInTwentyColumns",
+     {grid_log({"...xx#####xx....", "################"})},
+     {20, false, false},
+     R"(
+mac-tx::delay and...
+Board (board1, ar...
+
+mac-rx::delay
+4 ................
+3 ################ @
+2 ...xx#####xx....
+       | ^
+  |0   |5   |10  |15
+  mac-tx::delay
+best:
+mac-tx::delay=7
+mac-rx::delay=3;
+window 0 to 15, 16
+points, margins 7
+and 8; of
+mac-rx::delay 2 to
+3, 2 rows, margins 1
+and 0; its first
+point is the
+range's; its last
+point is the
+range's; its first
+row is the range's;
+mac-rx::delay=4 was
+not tried
+
+# passed
+. not tried
+x failed  | present
+^ best
+@ present and best
+)"},
+    {"ThreeBoards",
+     {lane_log("xx############xxx"), lane_log("....##########H.."),
+      lane_log("..x#######xxxxx", "1")},
+     ascii,
+     R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 xx12######2222xxx  d-4 to d+1  d-1     3 and 2
+           ^|
+
+# passed  1-2 of 3 logs passed  x failed  | present  ^ best  @ present and best
+)"},
+};
+
+class TextPlot : public testing::TestWithParam<plot_case> {};
+
+TEST_P(TextPlot, IsAsTheRowDrawsIt) {
+    const plot_case& row = GetParam();
+    const knobs all;
+    sweep_results results = results_in(all, row.logs.front(), "log1");
+    for (std::size_t i = 1; i < row.logs.size(); ++i) {
+        merge(results, results_in(all, row.logs[i], "log" + std::to_string(i + 1)));
+    }
+    EXPECT_EQ("\n" + plot_text(results, row.on), row.picture);
+}
+
+TEST(RowPicture, HasAColorForEachSign) {
+    const knobs all;
+    const sweep_results results = results_in(all, lane_log("xx####t4#H####u.."), "log");
+    EXPECT_EQ(row_picture(results.grids.front(), 0, 1, {80, false, true}),
+              "\033[0;31mxx\033[0;32m####\033[0;35mt\033[0;33m4\033[0;32m#\033[0;31;1mH"
+              "\033[0;32m####\033[0;31;1mu\033[0;2m..\033[0m");
+}
+
+TEST(RowPicture, ShowsTheWorstOfSeveralPoints) {
+    const knobs all;
+    const sweep_results results = results_in(all, lane_log("#..#43#xnxt4uHx#."), "log");
+    EXPECT_EQ(row_picture(results.grids.front(), 0, 2, {}), "..3xxtHx.");
+    EXPECT_EQ(stride_for(17, 9), 2U);
+    EXPECT_EQ(stride_for(18, 9), 2U);
+    EXPECT_EQ(stride_for(19, 9), 3U);
+}
+
+TEST(Sign, OfManyRunsIsTenths) {
+    const std::vector<std::pair<point_result, char>> digits = {{{verdict::part, 1, 2}, '1'},
+                                                               {{verdict::part, 9, 10}, '9'},
+                                                               {{verdict::part, 9, 11}, '8'},
+                                                               {{verdict::part, 99, 100}, '9'},
+                                                               {{verdict::part, 1, 100}, '1'}};
+    for (const auto& [result, digit] : digits) {
+        EXPECT_EQ(digit_of(result), digit);
+    }
+    EXPECT_EQ(words_for(point_result{verdict::hang, 2, 3}), "2 of 3 passed"); // of three logs
+    EXPECT_EQ(words_for(point_result{verdict::pass, 3, 3}), "passed");
+    EXPECT_EQ(words_for(point_result{verdict::timeout, 0, 0}), "timed out");
+}
+
+TEST(Sign, IsExplainedByWhatItCounts) {
+    sweep_results results;
+    results.logs.resize(1);
+    const auto digits = [&](std::size_t repeat) {
+        results.words.sweep.repeat = repeat;
+        return digits_in(results);
+    };
+    EXPECT_THAT(digits(2), Pair("1", "of 2 runs passed"));
+    EXPECT_THAT(digits(10), Pair("1-9", "of 10 runs passed"));
+    EXPECT_THAT(digits(11), Pair("1-9", "tenths of 11 runs passed"));
+    results.logs.resize(3);
+    EXPECT_THAT(digits(1), Pair("1-2", "of 3 logs passed"));
+}
+
+TEST(SweepResults, RefuseALogOfOtherPointsWithItsLine) {
+    const knobs all;
+    const auto merged = [&](const std::string& other) {
+        return [&all, other] {
+            sweep_results results = results_in(all, lane_log("###"), "one");
+            merge(results, results_in(all, other, "two"));
+        };
+    };
+    EXPECT_THAT(merged(grid_log({"##"})),
+                ThrowsMessage<mistake>("two:4: not the same properties and values as in one"));
+    EXPECT_THAT(merged(head_of("no-such -- test", {lane + "=1"})),
+                ThrowsMessage<mistake>(StartsWith("two:4: no property: 'no-such'")));
+    EXPECT_THAT(merged(head_of("--repeat=0 " + lane + " -- test", {lane + "=1"})),
+                ThrowsMessage<mistake>("two:4: --repeat takes a number from 1 to 100, not '0'"));
+}
+
+TEST(SweepResults, CountTheLogsThatPassed) {
+    const knobs all;
+    sweep_results results = results_in(all, lane_log("##4x"), "one");
+    merge(results, results_in(all, lane_log("#x#."), "two"));
+    merge(results, results_in(all, lane_log("#H.."), "three"));
+    const auto& cells = results.grids.front().cells;
+    EXPECT_EQ(cells[0].kind, verdict::pass);
+    EXPECT_EQ(cells[1].kind, verdict::fail);
+    EXPECT_EQ(cells[1].passed, 1);
+    EXPECT_EQ(cells[2].kind, verdict::part);
+    EXPECT_EQ(cells[2].passed, 1);
+    EXPECT_EQ(cells[3].kind, verdict::fail);
+    EXPECT_EQ(cells[3].passed, 0);
+    EXPECT_EQ(cells[3].runs, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, TextPlot, testing::ValuesIn(cases),
+                         [](const auto& row) { return row.param.name; });
+
+} // namespace text_plot_test
