@@ -91,10 +91,11 @@ offers 'brisel i2c0-delay::sda-delay 1' '!10'
 # Options.
 offers 'brisel -' -h -i -l -r -x
 # The other program.
-offers 'brisel-tune ' list get set save diff apply sweep best restore '!mac'
+offers 'brisel-tune ' list get set save diff apply sweep best plot restore '!mac'
 offers 'brisel-tune get orlin-ddra::od' 'orlin-ddra::odt'
 offers 'brisel-tune sweep orlin-ddra::od' 'orlin-ddra::odt'
 offers 'brisel-tune sweep -' --stop --continue '!--force'
+offers 'brisel-tune plot -' -o '!--force'
 offers 'brisel-tune save -' --all -o --wait '!json'
 
 # While another instance holds the lock, everything is offered all the same.
