@@ -20,11 +20,17 @@ mkdir "$work/bin"
 for program in brisel brisel-tune; do
     printf '#!/bin/sh\nexec "%s/sim/board" %s "$@"\n' "$PWD" "$program" >"$work/bin/$program"
 done
+printf '#!/bin/sh\nexec "%s/sim/memory-test"\n' "$PWD" >"$work/bin/memtester"
 chmod +x "$work/bin"/*
 
+# A page shows pictures in UTF-8, a manual, which is read anywhere, in ASCII.
+unset COLUMNS LC_CTYPE LANG
+LC_ALL=C
+export LC_ALL
+
 case $1 in
-*.md) sed -n '/^\x60\{3\}console$/,/^\x60\{3\}$/{/^\x60/d;p;}' "$1" ;;
-*) sed -n '/^\.Sh EXAMPLES/,/^\.Sh/{/^\.Bd/,/^\.Ed/{/^\./d;s/\\-/-/g;p;};}' "$1" ;;
+*.md) LC_ALL=C.UTF-8 && sed -n '/^\x60\{3\}console$/,/^\x60\{3\}$/{/^\x60/d;p;}' "$1" ;;
+*) sed -n '/^\.Sh EXAMPLES/,/^\.Sh/{/^\.Bd/,/^\.Ed/{/^\./d;s/\\-/-/g;s/^\\&//;p;};}' "$1" ;;
 esac >"$work/shown"
 
 # The commands alone, each after a line that shows it.
