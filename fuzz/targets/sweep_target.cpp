@@ -1,7 +1,12 @@
+#include <algorithm>
+
+#include "targets/registered_fields.hpp"
 #include "targets/targets.hpp"
+#include "tune/html_plot.hpp"
 #include "tune/mistake.hpp"
 #include "tune/shell_words.hpp"
-#include "tune/sweep_log.hpp"
+#include "tune/sweep_results.hpp"
+#include "tune/text_plot.hpp"
 
 namespace {
 
@@ -16,6 +21,20 @@ bool begins_with(const sweep_log& whole, const sweep_log& part) {
         }
     }
     return true;
+}
+
+/** What is wrong with the pictures of a log. */
+void draw(const std::string& input, findings& found) {
+    const registered_fields fields;
+    const knobs all;
+    const sweep_results results = results_in(all, input, "log");
+    const auto is_printable = [](char c) { return c == '\n' || (c >= ' ' && c <= '~'); };
+    const std::string text = plot_text(results, {40, false, false});
+    const std::string page = plot_html(results);
+    if (!std::all_of(text.begin(), text.end(), is_printable) ||
+        !std::all_of(page.begin(), page.end(), is_printable)) {
+        found.push_back("a picture with what is not printable");
+    }
 }
 
 } // namespace
@@ -40,6 +59,7 @@ findings sweep_log_file(const std::string& input) {
         if (!begins_with(log, part)) {
             found.push_back("a log that has other points when it is cut");
         }
+        draw(input, found);
     } catch (const mistake& problem) {
         if (!std::string(problem.what()).starts_with("log:")) {
             found.push_back(std::string("a mistake without its line: ") + problem.what());
