@@ -12,7 +12,7 @@ struct ranked_sign {
 };
 
 constexpr ranked_sign signs[] = {
-    {verdict::pass, {"#", "█", "32", "passed", "passed"}},
+    {verdict::pass, {"*", "█", "32", "passed", "passed"}},
     {verdict::untried, {".", "·", "2", "untried", "not tried"}},
     {verdict::interrupted, {".", "·", "2", "untried", "not tried"}},
     {verdict::part, {"", "", "33", "part", "passed in part"}},

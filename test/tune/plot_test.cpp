@@ -26,7 +26,7 @@ class Plot : public testing::Test {
 protected:
     Plot() {
         write_text(m_board.log_file(),
-                   head_of(delay + " -- true", {delay + "=2"}) + row_of(delay + "=", 0, "x###x"));
+                   head_of(delay + " -- true", {delay + "=2"}) + row_of(delay + "=", 0, "x***x"));
     }
 
     run_result plot(std::vector<std::string> words) const {
@@ -66,8 +66,8 @@ TEST_F(Plot, HasTheWidthAndTheColorsOfItsTerminal) {
     if (!shown) {
         GTEST_SKIP() << no_terminal;
     }
-    EXPECT_THAT(shown->text(), HasSubstr("\r\n# passed  . not tried  x failed\r\n| present"));
-    EXPECT_THAT(shown->text(), HasSubstr("\r\ndelay \033[0;31mx\033[0;32m###\033[0;31mx\033["));
+    EXPECT_THAT(shown->text(), HasSubstr("\r\n* passed  . not tried  x failed\r\n| present"));
+    EXPECT_THAT(shown->text(), HasSubstr("\r\ndelay \033[0;31mx\033[0;32m***\033[0;31mx\033["));
     EXPECT_THAT(run_in_terminal(with(environment))->text(), HasSubstr(" present  ^ best  "));
     environment.back().second = "1";
     EXPECT_THAT(run_in_terminal(with(environment))->text(), Not(HasSubstr("\033")));

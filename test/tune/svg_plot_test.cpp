@@ -36,7 +36,7 @@ std::string plain_log(const std::string& signs) {
 
 TEST(SvgPlot, HasACellForEachPoint) {
     const knobs all;
-    const std::string svg = plot_svg(results_in(all, plain_log("x###tH4nu"), "log"));
+    const std::string svg = plot_svg(results_in(all, plain_log("x***tH4nu"), "log"));
     EXPECT_EQ(count_of("<rect ", svg), 1U + 16U + 8U); // the paper, the points, the legend
     for (const char* const cell :
          {"class=\"failed\"><title>0: failed<", "class=\"passed\"><title>1: passed<",
@@ -61,7 +61,7 @@ TEST(SvgPlot, HasACellForEachPoint) {
 
 TEST(SvgPlot, NeedsNothingElse) {
     const knobs all;
-    const sweep_results results = results_in(all, plain_log("###"), "log");
+    const sweep_results results = results_in(all, plain_log("***"), "log");
     for (const std::string& picture : {plot_svg(results), plot_html(results)}) {
         EXPECT_THAT(picture, Not(HasSubstr("href")));
         EXPECT_THAT(picture, Not(HasSubstr("url(")));
@@ -99,7 +99,7 @@ TEST(SvgPlot, OfTwoAxesHasTheLastRowOnTop) {
     std::string log =
         head_of(delay + "=0..3 " + rows + "=4..6 -- test", {delay + "=3", rows + "=6"});
     log += row_of(delay + "=", 0, "xxxx", " " + rows + "=4");
-    log += row_of(delay + "=", 0, "####", " " + rows + "=5");
+    log += row_of(delay + "=", 0, "****", " " + rows + "=5");
     const std::string svg = plot_svg(results_in(all, log, "log"));
     EXPECT_LT(svg.find("<title>0 with 6: not tried<"), svg.find("<title>0 with 5: passed<"));
     EXPECT_LT(svg.find("<title>0 with 5: passed<"), svg.find("<title>0 with 4: failed<"));
@@ -111,7 +111,7 @@ TEST(SvgPlot, OfTwoAxesHasTheLastRowOnTop) {
 
 TEST(HtmlPlot, HasThePictureAndATable) {
     const knobs all;
-    const sweep_results results = results_in(all, plain_log(".###..."), "log");
+    const sweep_results results = results_in(all, plain_log(".***..."), "log");
     const std::string page = plot_html(results);
     EXPECT_THAT(page, HasSubstr(plot_svg(results)));
     EXPECT_THAT(page, HasSubstr("<tr><td>mac-tx::delay</td><td>1 to 3</td><td>2</td>"

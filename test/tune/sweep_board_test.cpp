@@ -276,9 +276,9 @@ TEST(SweepOnATerminal, ShowsHowFarItIs) {
         GTEST_SKIP() << no_terminal;
     }
     EXPECT_THAT(shown->text(),
-                EndsWith("\r\n\r\033[Kdelay #. 1 done, 2 pass, 0:00, up to 0:00 left"
-                         "\r\033[Kdelay ## 2 done, 2 to 3 pass, 0:00, up to 0:00 left"
-                         "\r\033[Kdelay ## 2 to 3 pass, 2 points tried\r\n"));
+                EndsWith("\r\n\r\033[Kdelay *. 1 done, 2 pass, 0:00, up to 0:00 left"
+                         "\r\033[Kdelay ** 2 done, 2 to 3 pass, 0:00, up to 0:00 left"
+                         "\r\033[Kdelay ** 2 to 3 pass, 2 points tried\r\n"));
     // Where no line can be written over, each row has one.
     program.words[3] += "-of-dumb";
     program.environment.back().second = "dumb";

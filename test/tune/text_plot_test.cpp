@@ -45,8 +45,8 @@ std::string lane_log(const std::string& signs, const std::string& present = "64"
 std::string slice_log() {
     std::vector<std::string> before;
     std::string points;
-    const std::vector<std::string> rows = {"xx#######x", "t########t", "..........", "xxxx##xx##",
-                                           "#########H", "xxxxxxxxxx", "12344#4321", "n#########"};
+    const std::vector<std::string> rows = {"xx*******x", "t********t", "..........", "xxxx**xx**",
+                                           "*********H", "xxxxxxxxxx", "12344*4321", "n*********"};
     for (std::size_t i = 0; i < rows.size(); ++i) {
         before.push_back(set + std::to_string(i) + "=" + std::to_string(60 + i));
         points += row_of(set + std::to_string(i) + "=d", -4, rows[i]);
@@ -68,7 +68,7 @@ constexpr canvas ascii{80, false, false};
 constexpr canvas utf8{80, true, false};
 
 const plot_case cases[] = {
-    {"OneLane", {lane_log("xx############xxx")}, utf8, R"(
+    {"OneLane", {lane_log("xx************xxx")}, utf8, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
@@ -78,17 +78,17 @@ dq3 ××████████████×××  d-6 to d+5  d+0     6 and 5
 
 █ passed  × failed  │ present  ▲ best  ◆ present and best
 )"},
-    {"OneLaneInAscii", {lane_log("xx############xxx")}, ascii, R"(
+    {"OneLaneInAscii", {lane_log("xx************xxx")}, ascii, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
     |d-8  |d-2  |d+4   window      middle  margins
-dq3 xx############xxx  d-6 to d+5  d+0     6 and 5
+dq3 xx************xxx  d-6 to d+5  d+0     6 and 5
             @
 
-# passed  x failed  | present  ^ best  @ present and best
+* passed  x failed  | present  ^ best  @ present and best
 )"},
-    {"PresentValueBesideTheBest", {lane_log("..x#######x......", "1")}, utf8, R"(
+    {"PresentValueBesideTheBest", {lane_log("..x*******x......", "1")}, utf8, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
@@ -98,25 +98,25 @@ dq3 ··×███████×······  d-5 to d+1  d-2     3 and 3
 
 █ passed  · not tried  × failed  │ present  ▲ best  ◆ present and best
 )"},
-    {"PresentValueThatIsNoPoint", {lane_log("..x#######x......", "10")}, ascii, R"(
+    {"PresentValueThatIsNoPoint", {lane_log("..x*******x......", "10")}, ascii, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
     |d-8  |d-2  |d+4   window      middle  margins
-dq3 ..x#######x......  d-5 to d+1  d-2     3 and 3
+dq3 ..x*******x......  d-5 to d+1  d-2     3 and 3
           ^
 
-# passed  . not tried  x failed  | present  ^ best  @ present and best
+* passed  . not tried  x failed  | present  ^ best  @ present and best
 )"},
-    {"HolesAndHangs", {lane_log("H##x####4##u#tnxH")}, ascii, R"(
+    {"HolesAndHangs", {lane_log("H**x****4**u*tnxH")}, ascii, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
     |d-8  |d-2  |d+4   window      middle  margins
-dq3 H##x####4##u#tnxH  d-4 to d-1  d-2     2 and 1
+dq3 H**x****4**u*tnxH  d-4 to d-1  d-2     2 and 1
           ^ |
 
-# passed  1-4 of 5 runs passed  n did not stick  x failed  t timed out
+* passed  1-4 of 5 runs passed  n did not stick  x failed  t timed out
 u unsound  H hung  | present  ^ best  @ present and best
 )"},
     {"NothingPassed", {lane_log("xxxxxxxxxxxxxxxxx")}, ascii, R"(
@@ -139,40 +139,40 @@ dq3 .................  not tried
 
 . not tried  | present  ^ best  @ present and best
 )"},
-    {"LogThatIsCutOff", {lane_log("...x####").substr(0, 400)}, ascii, R"(
+    {"LogThatIsCutOff", {lane_log("...x****").substr(0, 400)}, ascii, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
 
     |d-8  |d-2  |d+4   window      middle  margins
-dq3 ...x###..........  d-4 to d-2  d-3     1 and 1
+dq3 ...x***..........  d-4 to d-2  d-3     1 and 1
          ^  |
 
-# passed  . not tried  x failed  | present  ^ best  @ present and best
+* passed  . not tried  x failed  | present  ^ best  @ present and best
 )"},
     {"Slice", {slice_log()}, ascii, R"(
 orlin-ddra-read0::dq: test
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
 
     |d-63  |d-42  |d-21  |d+0   |d+21  |d+42  |d+63  window          middle  margins
-dq0 ...................xx#x....................  d-2 to d+4      d+1     3 and 3
+dq0 ...................xx*x....................  d-2 to d+4      d+1     3 and 3
      |                   ^
-dq1 ...................t##t....................  d-3 to d+4      d+0     3 and 4
+dq1 ...................t**t....................  d-3 to d+4      d+0     3 and 4
     |                    ^
 dq2 ...........................................  not tried
     |
 dq3 ...................xxxx....................  d+0 to d+1      d+0     0 and 1
     |                    ^
-dq4 ....................##H....................  d-4 to d+4      d+0     4 and 4
+dq4 ....................**H....................  d-4 to d+4      d+0     4 and 4
                          @
 dq5 ...................xxxx....................  nothing passes
                          |
 dq6 ...................1241....................  d+1             d+1     0 and 0
                          @
-dq7 ...................n###....................  d-3 to d+5      d+1     4 and 4
+dq7 ...................n***....................  d-3 to d+5      d+1     4 and 4
                          ^|
 each sign: the worst of 3 points
 
-# passed  . not tried  1-4 of 5 runs passed  n did not stick  x failed
+* passed  . not tried  1-4 of 5 runs passed  n did not stick  x failed
 t timed out  H hung  | present  ^ best  @ present and best
 )"},
     {"SliceInFortyColumns", {slice_log()}, {40, true, false}, R"(
@@ -236,19 +236,19 @@ dq7 ······································
 
 █ passed  · not tried  1-4 of 5 runs passed  n did not stick  × failed  t timed out  H hung  │ present  ▲ best  ◆ present and best
 )"},
-    {"LaneInFiftyColumns", {lane_log("xx############xxx")}, {50, false, false}, R"(
+    {"LaneInFiftyColumns", {lane_log("xx************xxx")}, {50, false, false}, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
     |d-8  |d-2  |d+4   window      middle  margins
-dq3 xx############xxx  d-6 to d+5  d+0     6 and 5
+dq3 xx************xxx  d-6 to d+5  d+0     6 and 5
             @
 
-# passed  x failed  | present  ^ best
+* passed  x failed  | present  ^ best
 @ present and best
 )"},
     {"TwoAxes",
-     {grid_log({"...xx#####xx....", "...x########x...", "....xx####xxx"})},
+     {grid_log({"...xx*****xx....", "...x********x...", "....xx****xxx"})},
      utf8,
      R"(
 mac-tx::delay and mac-rx::delay: test
@@ -268,7 +268,7 @@ range's; its last row is the range's
 █ passed  · not tried  × failed  │ present  ▲ best  ◆ present and best
 )"},
     {"TwoAxesOnTheBestRow",
-     {grid_log({"...xxxxxxxxx....", "...x####x###x...", "....xxxxxxxxx"})},
+     {grid_log({"...xxxxxxxxx....", "...x****x***x...", "....xxxxxxxxx"})},
      ascii,
      R"(
 mac-tx::delay and mac-rx::delay: test
@@ -276,7 +276,7 @@ Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
 mac-rx::delay
 4 ....xxxxxxxxx...
-3 ...x####x###x... @
+3 ...x****x***x... @
 2 ...xxxxxxxxx....
        @
   |0   |5   |10  |15
@@ -284,7 +284,7 @@ mac-rx::delay
 best: mac-tx::delay=5 mac-rx::delay=3; window 4 to 7, 4 points, margins 1 and 2;
 of mac-rx::delay 3, 1 row, margins 0 and 0; also 9 to 11
 
-# passed  . not tried  x failed  | present  ^ best  @ present and best
+* passed  . not tried  x failed  | present  ^ best  @ present and best
 )"},
     {"TwoAxesWithoutAPass", {grid_log({"xxx", "xxx"}, "5", "9")}, ascii, R"(
 mac-tx::delay and mac-rx::delay: test
@@ -302,7 +302,7 @@ mac-tx::delay: nothing passes
 . not tried  x failed  | present  ^ best  @ present and best
 )"},
     {"TwoAxesInTwentyColumns",
-     {grid_log({"...xx#####xx....", "################"})},
+     {grid_log({"...xx*****xx....", "****************"})},
      {20, false, false},
      R"(
 mac-tx::delay and...
@@ -310,8 +310,8 @@ Board (board1, ar...
 
 mac-rx::delay
 4 ................
-3 ################ @
-2 ...xx#####xx....
+3 **************** @
+2 ...xx*****xx....
        | ^
   |0   |5   |10  |15
   mac-tx::delay
@@ -332,15 +332,15 @@ row is the range's;
 mac-rx::delay=4 was
 not tried
 
-# passed
+* passed
 . not tried
 x failed  | present
 ^ best
 @ present and best
 )"},
     {"ThreeBoards",
-     {lane_log("xx############xxx"), lane_log("....##########H.."),
-      lane_log("..x#######xxxxx", "1")},
+     {lane_log("xx************xxx"), lane_log("....**********H.."),
+      lane_log("..x*******xxxxx", "1")},
      ascii,
      R"(
 orlin-ddra-read0::dq3: memtester 64M 1
@@ -349,10 +349,10 @@ Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC
 
     |d-8  |d-2  |d+4   window      middle  margins
-dq3 xx12######2222xxx  d-4 to d+1  d-1     3 and 2
+dq3 xx12******2222xxx  d-4 to d+1  d-1     3 and 2
            ^|
 
-# passed  1-2 of 3 logs passed  x failed  | present  ^ best  @ present and best
+* passed  1-2 of 3 logs passed  x failed  | present  ^ best  @ present and best
 )"},
 };
 
@@ -370,15 +370,15 @@ TEST_P(TextPlot, IsAsTheRowDrawsIt) {
 
 TEST(RowPicture, HasAColorForEachSign) {
     const knobs all;
-    const sweep_results results = results_in(all, lane_log("xx####t4#H####u.."), "log");
+    const sweep_results results = results_in(all, lane_log("xx****t4*H****u.."), "log");
     EXPECT_EQ(row_picture(results.grids.front(), 0, 1, {80, false, true}),
-              "\033[0;31mxx\033[0;32m####\033[0;35mt\033[0;33m4\033[0;32m#\033[0;31;1mH"
-              "\033[0;32m####\033[0;31;1mu\033[0;2m..\033[0m");
+              "\033[0;31mxx\033[0;32m****\033[0;35mt\033[0;33m4\033[0;32m*\033[0;31;1mH"
+              "\033[0;32m****\033[0;31;1mu\033[0;2m..\033[0m");
 }
 
 TEST(RowPicture, ShowsTheWorstOfSeveralPoints) {
     const knobs all;
-    const sweep_results results = results_in(all, lane_log("#..#43#xnxt4uHx#."), "log");
+    const sweep_results results = results_in(all, lane_log("*..*43*xnxt4uHx*."), "log");
     EXPECT_EQ(row_picture(results.grids.front(), 0, 2, {}), "..3xxtHx.");
     EXPECT_EQ(stride_for(17, 9), 2U);
     EXPECT_EQ(stride_for(18, 9), 2U);
@@ -417,11 +417,11 @@ TEST(SweepResults, RefuseALogOfOtherPointsWithItsLine) {
     const knobs all;
     const auto merged = [&](const std::string& other) {
         return [&all, other] {
-            sweep_results results = results_in(all, lane_log("###"), "one");
+            sweep_results results = results_in(all, lane_log("***"), "one");
             merge(results, results_in(all, other, "two"));
         };
     };
-    EXPECT_THAT(merged(grid_log({"##"})),
+    EXPECT_THAT(merged(grid_log({"**"})),
                 ThrowsMessage<mistake>("two:4: not the same properties and values as in one"));
     EXPECT_THAT(merged(head_of("no-such -- test", {lane + "=1"})),
                 ThrowsMessage<mistake>(StartsWith("two:4: no property: 'no-such'")));
@@ -431,9 +431,9 @@ TEST(SweepResults, RefuseALogOfOtherPointsWithItsLine) {
 
 TEST(SweepResults, CountTheLogsThatPassed) {
     const knobs all;
-    sweep_results results = results_in(all, lane_log("##4x"), "one");
-    merge(results, results_in(all, lane_log("#x#."), "two"));
-    merge(results, results_in(all, lane_log("#H.."), "three"));
+    sweep_results results = results_in(all, lane_log("**4x"), "one");
+    merge(results, results_in(all, lane_log("*x*."), "two"));
+    merge(results, results_in(all, lane_log("*H.."), "three"));
     const auto& cells = results.grids.front().cells;
     EXPECT_EQ(cells[0].kind, verdict::pass);
     EXPECT_EQ(cells[1].kind, verdict::fail);
