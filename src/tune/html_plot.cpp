@@ -12,6 +12,7 @@ body { font: 15px sans-serif; margin: 1em; color: #1a1a1a; background: #fff }
 div { overflow-x: auto }
 table { border-collapse: collapse }
 th, td { border: 1px solid #888; padding: .2em .6em; text-align: left }
+@media print { svg { max-width: 100%; height: auto } }
 @media screen and (prefers-color-scheme: dark) { body { color: #e8e8e8; background: #16191d } }
 )";
 
