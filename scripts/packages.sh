@@ -6,7 +6,8 @@ packages_for() {
     case $1 in
     build) echo g++ cmake make ;;
     tests) packages_for build &&
-        echo binutils libgtest-dev libgmock-dev valgrind mandoc systemd libxml2-utils bash zsh fish ;;
+        echo binutils libgtest-dev libgmock-dev valgrind mandoc systemd libxml2-utils strace bash zsh \
+            fish ;;
     lint) packages_for tests && echo clang libclang-rt-14-dev clang-format clang-tidy shellcheck ;;
     coverage) echo gcovr ;;
     armhf) echo cmake make g++-arm-linux-gnueabihf ;;

@@ -22,7 +22,8 @@ namespace {
 
 using std::chrono::steady_clock;
 
-// What a process that waits is told.
+// What a process says when it waits, and what it is told then.
+constexpr char ready_report = 'r';
 constexpr char begin_order = 'b';
 constexpr char leave_order = 'l';
 
@@ -67,6 +68,7 @@ steady_clock::time_point after(double seconds) {
         argv.push_back(const_cast<char*>(word.c_str()));
     }
     argv.push_back(nullptr);
+    static_cast<void>(!write(control, &ready_report, 1));
     char order = 0;
     static_cast<void>(!read(control, &order, 1)); // nothing when this process's parent is gone
     if (order == begin_order) {
@@ -130,6 +132,8 @@ trial::trial(const std::vector<std::string>& words,
         close(m_pipe);
         throw mistake(std::string("no process for a test: ") + std::strerror(error));
     }
+    char report = 0;
+    static_cast<void>(!read(m_control, &report, 1)); // nothing more is done until it begins
 }
 
 trial::~trial() {
