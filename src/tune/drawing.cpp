@@ -19,20 +19,26 @@ std::string attributes(std::initializer_list<std::pair<const char*, int>> all) {
 }
 
 std::string style_attribute(std::string_view style) {
-    return std::string(" class=\"").append(style).append("\"");
+    std::string text;
+    if (!style.empty()) {
+        text.append(" class=\"").append(style).append("\"");
+    }
+    return text;
 }
 
 } // namespace
 
-void drawing::text(int x, int y, std::string_view style, std::string_view content,
-                   std::string_view anchor) {
-    std::string start = "text" + attributes({{"x", x}, {"y", y}}) + style_attribute(style);
-    if (anchor != "start") {
-        start.append(" text-anchor=\"").append(anchor).append("\"");
-    } else {
-        reach(x + static_cast<int>(content.size()) * character, y);
-    }
-    m_elements += element(start, content) + "\n";
+void drawing::text(int x, int y, std::string_view content, std::string_view style) {
+    m_elements +=
+        element("text" + attributes({{"x", x}, {"y", y}}) + style_attribute(style), content) + "\n";
+    reach(x + static_cast<int>(content.size()) * character, y);
+}
+
+void drawing::text_around(int x, int y, std::string_view content, std::string_view style) {
+    m_elements += element("text text-anchor=\"middle\"" + attributes({{"x", x}, {"y", y}}) +
+                              style_attribute(style),
+                          content) +
+                  "\n";
 }
 
 void drawing::cell(int x, int y, int width, int height, std::string_view style,

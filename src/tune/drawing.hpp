@@ -10,9 +10,14 @@ public:
     static constexpr int character = 8;
     static constexpr int line = 18;
 
-    /** A text that begins, has its middle or ends at a place ("start", "middle", "end"). */
-    void text(int x, int y, std::string_view style, std::string_view content,
-              std::string_view anchor = "start");
+    /** From the top of a line to the base of its text. */
+    static constexpr int base = 13;
+
+    /** A text that begins at a place, on its base line. */
+    void text(int x, int y, std::string_view content, std::string_view style = "");
+
+    /** A text with its middle there. The picture does not become larger for it. */
+    void text_around(int x, int y, std::string_view content, std::string_view style = "");
 
     /** A cell, with a text that a browser shows above it. */
     void cell(int x, int y, int width, int height, std::string_view style, std::string_view hover);

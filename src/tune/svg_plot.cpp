@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view style_sheet = R"(
 text { font: 13px monospace; fill: #1a1a1a; white-space: pre }
 .head { font-size: 16px; font-weight: bold }
-.sign { text-anchor: middle; pointer-events: none; font-size: 11px }
+.sign { pointer-events: none; font-size: 11px }
 .paper { fill: #fff }
 rect { stroke: #fff; stroke-width: 1 }
 .passed { fill: #17609f }
@@ -98,7 +98,7 @@ void draw_row(drawing& d, const sweep_grid& grid, std::size_t row, const raster&
             if (text.empty()) {
                 text += digit_of(result);
             }
-            d.text(r.middle(column), y + 13, "sign", text, "middle");
+            d.text_around(r.middle(column), y + drawing::base, text, "sign");
         }
     }
 }
@@ -113,9 +113,9 @@ void draw_scale(drawing& d, const axis& a, const raster& r, int y) {
     const auto step = static_cast<std::size_t>((room + r.cell - 1) / r.cell);
     for (std::size_t i = 0; i < a.size(); i += step) {
         d.path("tick", point(r.middle(i), y) + "v5");
-        d.text(r.middle(i), y + 18, "label", a.text(i), "middle");
+        d.text_around(r.middle(i), y + drawing::line, a.text(i));
     }
-    d.reach(0, y + 18);
+    d.reach(0, y + drawing::line);
 }
 
 /** A row for each property, with its window, middle and margins. @return where it ends */
@@ -131,12 +131,12 @@ int draw_lanes(drawing& d, const std::vector<sweep_grid>& grids, int top) {
     const raster r{left, top + drawing::line + mark_height, cell_width(columns),
                    row_height + 2 * mark_height + 2};
     const int right = r.x(columns.size()) + 2 * drawing::character;
-    d.text(right, top + 13, "label", facts[0]);
+    d.text(right, top + drawing::base, facts[0]);
     for (std::size_t i = 0; i < grids.size(); ++i) {
         const int y = r.y(i);
-        d.text(left_margin, y + 13, "label", short_name(grids[i]));
+        d.text(left_margin, y + drawing::base, short_name(grids[i]));
         draw_row(d, grids[i], 0, r, i);
-        d.text(right, y + 13, "label", facts[i + 1]);
+        d.text(right, y + drawing::base, facts[i + 1]);
         if (const auto present = present_in(grids[i].columns)) {
             draw_mark(d, "present", r.middle(*present), y - 1);
         }
@@ -163,7 +163,7 @@ int draw_shmoo(drawing& d, const sweep_grid& grid, int top) {
     const int right = r.x(grid.columns.size()) + drawing::character;
     for (std::size_t place = 0; place < rows.size(); ++place) {
         const std::size_t row = rows.size() - 1 - place;
-        d.text(left_margin, r.y(place) + 13, "label", rows.text(row));
+        d.text(left_margin, r.y(place) + drawing::base, rows.text(row));
         draw_row(d, grid, row, r, place);
         std::string marks;
         if (present_row && *present_row == row) {
@@ -173,7 +173,7 @@ int draw_shmoo(drawing& d, const sweep_grid& grid, int top) {
             marks += "< best";
         }
         if (!marks.empty()) {
-            d.text(right, r.y(place) + 13, "label", marks);
+            d.text(right, r.y(place) + drawing::base, marks);
         }
     }
     const int bottom = r.y(rows.size());
@@ -187,7 +187,7 @@ int draw_shmoo(drawing& d, const sweep_grid& grid, int top) {
                             std::to_string(r.cell) + "z");
     }
     draw_scale(d, grid.columns, r, bottom + mark_height);
-    d.text(left, bottom + mark_height + 2 * drawing::line, "label", grid.columns.target().name());
+    d.text(left, bottom + mark_height + 2 * drawing::line, grid.columns.target().name());
     return bottom + mark_height + 3 * drawing::line;
 }
 
@@ -209,14 +209,14 @@ int draw_legend(drawing& d, const sweep_results& results, int top) {
         const int here = place(word.size() + text.size() - 1);
         d.cell(here, top, width, row_height, each->style, word);
         if (each->style != "passed") {
-            d.text(here + width / 2, top + 13, "sign", text, "middle");
+            d.text_around(here + width / 2, top + drawing::base, text, "sign");
         }
-        d.text(here + width + 6, top + 13, "label", word);
+        d.text(here + width + 6, top + drawing::base, word);
     }
     for (const std::string_view word : {"present", "best"}) {
         const int here = place(word.size());
         draw_mark(d, word, here + most_cell / 2, word == "best" ? top + 5 : top + 12);
-        d.text(here + most_cell + 2, top + 13, "label", word);
+        d.text(here + most_cell + 2, top + drawing::base, word);
     }
     return top + 2 * drawing::line;
 }
@@ -226,18 +226,18 @@ int draw_legend(drawing& d, const sweep_results& results, int top) {
 std::string plot_svg(const sweep_results& results) {
     drawing d;
     int y = 2 * drawing::line;
-    const auto write = [&](std::string_view style, const std::string& text) {
-        d.text(left_margin, y, style, text);
+    const auto write = [&](const std::string& text, std::string_view style = "") {
+        d.text(left_margin, y, text, style);
         y += drawing::line;
     };
     const std::string title = title_of(results);
-    write("head", title);
+    write(title, "head");
     for (const std::string& origin : origins_of(results)) {
-        write("label", origin);
+        write(origin);
     }
     const sweep_grid& first = results.grids.front();
     for (const std::string& line : words_for_axes(results)) {
-        write("label", line);
+        write(line);
     }
     if (first.rows) {
         y = draw_shmoo(d, first, y);
@@ -248,7 +248,7 @@ std::string plot_svg(const sweep_results& results) {
     constexpr std::size_t most_characters = 130;
     for (const sweep_grid& grid : results.grids) {
         for (const std::string& line : in_lines(words_for(grid, best_in(grid)), most_characters)) {
-            write("label", line);
+            write(line);
         }
     }
     return d.svg(title, style_sheet);

@@ -46,8 +46,7 @@ TEST(SvgPlot, HasACellForEachPoint) {
         EXPECT_THAT(svg, HasSubstr(cell));
     }
     for (const char* const sign : {"x", "t", "H", "4", "n", "u"}) {
-        EXPECT_THAT(svg,
-                    HasSubstr("class=\"sign\" text-anchor=\"middle\">" + std::string(sign) + "<"));
+        EXPECT_THAT(svg, HasSubstr("class=\"sign\">" + std::string(sign) + "<"));
     }
     EXPECT_EQ(count_of("class=\"sign\"", svg), 13U + 7U); // no pass has one
     EXPECT_THAT(svg, HasSubstr(">columns: mac-tx::delay, [0-15]cycles, in cycles<"));
@@ -126,17 +125,17 @@ TEST(Drawing, ReachesAsFarAsItsElements) {
     d.cell(10, 20, 30, 40, "a", "<b>");
     EXPECT_EQ(d.width(), 10 + 30 + 16);
     EXPECT_EQ(d.height(), 20 + 40 + 16);
-    d.text(100, 5, "c", "12345");
+    d.text(100, 5, "12345", "c");
     EXPECT_EQ(d.width(), 100 + 5 * 8 + 16);
-    d.text(300, 100, "c", "x", "middle"); // has to be reached by something else
+    d.text_around(300, 100, "x"); // has to be reached by something else
     d.path("e", "M0 0");
     EXPECT_EQ(d.svg("t", "s"),
               "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"156\" height=\"76\" viewBox=\"0 0 "
               "156 76\" role=\"img\">\n<title>t</title>\n<style>s</style>\n<rect width=\"156\" "
               "height=\"76\" class=\"paper\"/>\n<rect x=\"10\" y=\"20\" width=\"30\" height=\"40\" "
               "class=\"a\"><title>&lt;b&gt;</title></rect>\n<text x=\"100\" y=\"5\" "
-              "class=\"c\">12345</text>\n<text x=\"300\" y=\"100\" class=\"c\" "
-              "text-anchor=\"middle\">x</text>\n<path class=\"e\" d=\"M0 0\"/>\n</svg>\n");
+              "class=\"c\">12345</text>\n<text text-anchor=\"middle\" x=\"300\" "
+              "y=\"100\">x</text>\n<path class=\"e\" d=\"M0 0\"/>\n</svg>\n");
 }
 
 } // namespace svg_plot_test
