@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 
 #include "tune/lane_delay.hpp"
 #include "tune/mistake.hpp"
@@ -52,7 +51,8 @@ axis::axis(const knob& target, std::string_view values, const std::vector<std::u
     }
     m_here = target.kind == knob_kind::set ? 0 : position(present.front());
     for (std::size_t i = 1; i < size(); ++i) {
-        m_nearest = steps_away(i) < steps_away(m_nearest) ? i : m_nearest;
+        const bool is_it = target.kind != knob_kind::set && code(i) == present.front();
+        m_nearest = is_it || steps_away(i) < steps_away(m_nearest) ? i : m_nearest;
     }
 }
 
@@ -71,6 +71,17 @@ std::int64_t axis::position(std::uint32_t code) const {
     return code;
 }
 
+bool axis::is_same(std::uint32_t a, std::uint32_t b) const {
+    return a == b || (is_delay(*m_target) && position(a) == position(b));
+}
+
+bool axis::is_before(std::uint32_t a, std::uint32_t b) const {
+    const std::int64_t first = position(a);
+    const std::int64_t second = position(b);
+    return first < second ||
+           (first == second && !is_same(a, b) && a < b); // raw codes have one place
+}
+
 std::uint32_t axis::code_at(std::int64_t position) const {
     if (is_delay(*m_target)) {
         const bool is_present = m_target->kind == knob_kind::lane && position == 0;
@@ -85,7 +96,7 @@ std::uint32_t axis::code_at(std::int64_t position) const {
 }
 
 void axis::take_range(std::int64_t from, std::int64_t to, std::int64_t step) {
-    constexpr std::int64_t most = 100000;
+    constexpr auto most = static_cast<std::int64_t>(most_points);
     if (from > to) {
         throw mistake("the range of " + m_target->name() + " ends before it begins");
     }
@@ -136,18 +147,20 @@ void axis::take_values(std::string_view values) {
     } else {
         for (std::string_view rest = values;;) {
             const std::size_t comma = std::min(rest.find(','), rest.size());
-            const std::uint32_t code = parse_value(unit(), rest.substr(0, comma)).front();
-            const auto same = [&](std::uint32_t other) {
-                return code == other || (is_delay(*m_target) && position(code) == position(other));
-            };
-            if (std::any_of(m_listed.begin(), m_listed.end(), same)) {
-                throw mistake(in_quotes(rest.substr(0, comma)) + " is there twice");
-            }
-            m_listed.push_back(code);
+            m_listed.push_back(parse_value(unit(), rest.substr(0, comma)).front());
             if (comma == rest.size()) {
                 break;
             }
             rest.remove_prefix(comma + 1);
+        }
+        std::sort(m_listed.begin(), m_listed.end(),
+                  [this](std::uint32_t a, std::uint32_t b) { return is_before(a, b); });
+        const auto twice =
+            std::adjacent_find(m_listed.begin(), m_listed.end(),
+                               [this](std::uint32_t a, std::uint32_t b) { return is_same(a, b); });
+        if (twice != m_listed.end()) {
+            throw mistake(text(static_cast<std::size_t>(twice - m_listed.begin())) +
+                          " is there twice");
         }
     }
     // Of a set these are offsets: each lane has to stay within its range.
@@ -185,6 +198,21 @@ std::string axis::text(std::size_t i) const {
     return is_delay(*m_target) ? to_delay(code(i)) : to_text(*m_target, code(i));
 }
 
+bool axis::has_present() const {
+    if (m_target->kind == knob_kind::set) {
+        return steps_away(m_nearest) == 0;
+    }
+    return is_same(code(m_nearest), m_present.front());
+}
+
+std::size_t axis::longest_text() const {
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < size(); ++i) {
+        longest = std::max(longest, text(i).size());
+    }
+    return longest;
+}
+
 std::string axis::description() const {
     std::string all = counted(size(), "point");
     if (m_listed.empty() && size() > 1) {
@@ -209,10 +237,11 @@ std::size_t axis::find(std::string_view text) const {
         const bool is_point = away >= 0 && away % m_step == 0;
         return is_point ? std::min(static_cast<std::size_t>(found), size()) : size();
     }
-    for (std::size_t i = 0; i < size(); ++i) {
-        if (code(i) == wanted || (is_delay(*m_target) && position(code(i)) == position(wanted))) {
-            return i;
-        }
+    const auto found =
+        std::lower_bound(m_listed.begin(), m_listed.end(), wanted,
+                         [this](std::uint32_t a, std::uint32_t b) { return is_before(a, b); });
+    if (found == m_listed.end() || !is_same(*found, wanted)) {
+        return size();
     }
-    return size();
+    return static_cast<std::size_t>(found - m_listed.begin());
 }

@@ -42,6 +42,9 @@ public:
     /** The point that is nearest to that. */
     std::size_t nearest() const { return m_nearest; }
 
+    /** Whether that is a point. */
+    bool has_present() const;
+
     /** How far a point is from there: in steps of the property, not of the axis. */
     std::int64_t steps_away(std::size_t i) const { return std::abs(position(code(i)) - m_here); }
 
@@ -51,6 +54,14 @@ public:
     /** All of it for a reader: "5 points, 0 to 20", "3 points, 60, 40, 120". */
     std::string description() const;
 
+    /** Whether another axis of the property has the same value at a point. */
+    bool has_same(std::size_t i, const axis& other) const {
+        return is_same(code(i), other.code(i));
+    }
+
+    /** The length of the longest text of a point. */
+    std::size_t longest_text() const;
+
     /** The point with such a text; the size where there is none. */
     std::size_t find(std::string_view text) const;
 
@@ -58,6 +69,12 @@ private:
     /** The knob whose values the points have: a set's first lane. */
     const knob& unit() const;
     std::int64_t position(std::uint32_t code) const;
+
+    /** Whether two codes are one value: there are two for no delay. */
+    bool is_same(std::uint32_t a, std::uint32_t b) const;
+
+    /** Whether a code comes before another one. */
+    bool is_before(std::uint32_t a, std::uint32_t b) const;
     std::uint32_t code_at(std::int64_t position) const;
     void take_range(std::int64_t from, std::int64_t to, std::int64_t step);
     void take_all();
@@ -73,6 +90,9 @@ private:
     std::int64_t m_here = 0; ///< the position of what the property holds
     std::size_t m_nearest = 0;
 };
+
+/** How many points an axis, or two of them together, may have. */
+inline constexpr std::size_t most_points = 100000;
 
 /** Whether its values are delays: those of a lane, or the offsets of a set. */
 bool is_delay(const knob& k);

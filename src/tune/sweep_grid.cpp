@@ -8,12 +8,13 @@
 
 namespace {
 
-std::string name_in(const std::string& text) {
-    return text.substr(0, text.find('='));
-}
-
+/** The values of "NAME=VALUES"; empty for "NAME". */
 std::string value_in(const std::string& text) {
-    return text.substr(std::min(text.find('='), text.size() - 1) + 1);
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos) {
+        return "";
+    }
+    return text.substr(equals + 1);
 }
 
 /** What the parts of a knob hold, of all that is known. */
@@ -41,6 +42,10 @@ void check_apart(const knob& a, const knob& b) {
 }
 
 } // namespace
+
+std::string name_of_axis(const std::string& text) {
+    return text.substr(0, text.find('='));
+}
 
 std::string sweep_grid::row_name(std::size_t row) const {
     std::string name = columns.target().name();
@@ -71,14 +76,14 @@ std::vector<setting> sweep_grid::settings_at(std::size_t row, std::size_t column
 
 std::optional<std::size_t> sweep_grid::find(const std::vector<std::string>& words) const {
     const std::size_t axes = rows ? 2 : 1;
-    if (words.size() != axes) {
-        return std::nullopt;
-    }
-    if (name_in(words.front()) != columns.target().name()) {
+    if (words.size() != axes || name_of_axis(words.front()) != columns.target().name()) {
         return std::nullopt;
     }
     std::size_t row = 0;
     if (rows) {
+        if (name_of_axis(words.back()) != rows->target().name()) {
+            return std::nullopt;
+        }
         row = rows->find(value_in(words.back()));
     }
     const std::size_t column = columns.find(value_in(words.front()));
@@ -94,9 +99,9 @@ std::vector<const knob*> axis_targets(const knobs& all, const std::vector<std::s
     }
     std::vector<const knob*> targets;
     for (const std::string& text : axes) {
-        targets.push_back(&all.named(name_in(text)));
+        targets.push_back(&all.named(name_of_axis(text)));
         if (targets.back()->kind == knob_kind::read_only) {
-            throw mistake(name_in(text) + " is read-only");
+            throw mistake(name_of_axis(text) + " is read-only");
         }
     }
     return targets;
@@ -133,6 +138,10 @@ std::vector<sweep_grid> make_grids(const knobs& all, const std::vector<std::stri
     std::vector<sweep_grid> grids;
     for (const knob* k : swept) {
         sweep_grid& grid = grids.emplace_back(sweep_grid{make_axis(*k, axes[0]), rows, {}});
+        if (grid.row_count() > most_points / grid.columns.size()) {
+            throw mistake("the two axes have more than " + std::to_string(most_points) +
+                          " points: they need FROM..TO/STEP");
+        }
         grid.cells.resize(grid.row_count() * grid.columns.size());
     }
     return grids;

@@ -60,6 +60,9 @@ std::size_t middle_of(const sweep_grid& grid, const window& w);
 /** "d-5 to d+12", or the only point. */
 std::string text_of(const axis& a, const window& w);
 
+/** The name in "NAME" and in "NAME=VALUES". */
+std::string name_of_axis(const std::string& text);
+
 /** The properties that axes name, with all their parts. @throw mistake for what is no axis */
 std::vector<const knob*> axis_targets(const knobs& all, const std::vector<std::string>& axes);
 
