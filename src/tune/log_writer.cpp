@@ -35,6 +35,9 @@ log_writer::log_writer(const std::string& path, bool continued, double lead)
     if (path != "-") {
         const int creation = continued ? 0 : O_CREAT | O_EXCL;
         m_fd = open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | creation, 0666);
+        if (m_fd == -1 && errno == EEXIST) {
+            throw mistake(path + " exists; --continue goes on with a log");
+        }
         if (m_fd == -1) {
             give_up(m_name);
         }

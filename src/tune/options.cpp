@@ -45,7 +45,7 @@ std::size_t to_count(const char* name, std::string_view text, std::size_t most) 
 /** The option that getopt does not know: a letter, which may stand among others, or a word. */
 std::string option_in(const std::vector<char*>& argv) {
     const char* const word = argv[static_cast<std::size_t>(optind) - 1];
-    if (optopt == 0 || std::strchr(word, '=') != nullptr) {
+    if (optopt == 0 || std::string_view(word).starts_with("--")) {
         return word;
     }
     return std::string("-") + static_cast<char>(optopt);
@@ -100,7 +100,11 @@ parsed_words parse_words(const std::vector<std::string>& words) {
     parsed_words parsed;
     optind = 0; // begin anew
     for (int found = 0;
-         (found = getopt_long(argc, argv.data(), ":hno:", long_options, nullptr)) != -1;) {
+         (found = getopt_long(argc, argv.data(), "-:hno:", long_options, nullptr)) != -1;) {
+        if (found == 1) { // no option
+            parsed.words.operands.emplace_back(optarg);
+            continue;
+        }
         if (found == '?') {
             throw mistake("unknown option: " + in_quotes(option_in(argv)));
         }
@@ -123,7 +127,6 @@ parsed_words parse_words(const std::vector<std::string>& words) {
     parsed.words.sweep.control = !given('c');
     parsed.words.sweep.continued = given('C');
     parsed.words.sweep.retry_hangs = given('R');
-    parsed.words.operands.assign(argv.begin() + optind, argv.begin() + argc);
     if (dashes != words.end()) {
         parsed.words.test.assign(dashes + 1, words.end());
     }

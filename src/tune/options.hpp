@@ -12,8 +12,8 @@ struct parsed_words {
 };
 
 /**
- * Takes in the words behind the program's name: options may stand anywhere before "--", and words
- * behind it are no options.
+ * Takes in the words behind the program's name: options may stand anywhere before "--", whatever
+ * POSIXLY_CORRECT says, and words behind it are no options.
  * @throw mistake for an option that there is not, or a number that it does not take
  */
 parsed_words parse_words(const std::vector<std::string>& words);

@@ -30,7 +30,9 @@ std::string read_text(const std::string& path) {
     if (size < 0) {
         refuse_file(path);
     }
-    close(fd);
+    if (fd != STDIN_FILENO) {
+        close(fd); // or else the next file would be standard input
+    }
     return text;
 }
 

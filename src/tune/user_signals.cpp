@@ -4,6 +4,7 @@
 #include <cmath>
 #include <csignal>
 #include <ctime>
+#include <iterator>
 
 #include <poll.h>
 
@@ -12,6 +13,8 @@ namespace {
 volatile std::sig_atomic_t first_signal = 0;
 
 constexpr int noted_signals[] = {SIGINT, SIGTERM, SIGHUP, SIGCHLD};
+
+struct sigaction actions_before[std::size(noted_signals)];
 
 void note(int number) {
     if (first_signal == 0 && number != SIGCHLD) {
@@ -37,14 +40,17 @@ user_signals::user_signals() {
     first_signal = 0;
     struct sigaction action {};
     action.sa_handler = note;
-    for (const int number : noted_signals) {
-        sigaction(number, &action, nullptr);
+    for (std::size_t i = 0; i < std::size(noted_signals); ++i) {
+        sigaction(noted_signals[i], &action, &actions_before[i]);
+        if (actions_before[i].sa_handler == SIG_IGN && noted_signals[i] != SIGCHLD) {
+            std::signal(noted_signals[i], SIG_IGN); // as nohup wants it
+        }
     }
 }
 
 user_signals::~user_signals() {
-    for (const int number : noted_signals) {
-        std::signal(number, SIG_DFL);
+    for (std::size_t i = 0; i < std::size(noted_signals); ++i) {
+        sigaction(noted_signals[i], &actions_before[i], nullptr);
     }
     const sigset_t all = all_of_them();
     sigprocmask(SIG_UNBLOCK, &all, nullptr);

@@ -2,7 +2,8 @@
 
 /**
  * As long as it lives, SIGINT, SIGTERM and SIGHUP are noted instead of ending the process, and
- * they, SIGTSTP and SIGCHLD come only where it waits here.
+ * they, SIGTSTP and SIGCHLD come only where it waits here. One of the three that was ignored stays
+ * so.
  */
 class user_signals {
 public:

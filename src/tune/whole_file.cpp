@@ -44,6 +44,9 @@ void write_whole(const std::string& path, const std::string& text) {
         }
         const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr),
                                                                &std::free);
+        if (!real) {
+            throw mistake(path + ": " + std::strerror(errno));
+        }
         target = real.get(); // a link stays one
         mode = existing.st_mode & 07777;
     }
