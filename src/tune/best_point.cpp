@@ -64,21 +64,24 @@ std::string oddity(verdict beside, const std::string& name) {
     if (beside == verdict::hang) {
         return "; " + name + " hung";
     }
-    return is_settled(beside) ? "" : "; " + name + " was not tried";
+    if (!is_settled(beside)) {
+        return "; " + name + " was not tried";
+    }
+    return "";
 }
 
 /** What is odd about the two ends of a window. @param verdict_at of a point of the axis */
 template <class Verdicts>
-std::string ends(const axis& a, const window& w, const std::string& noun, const std::string& name,
-                 const Verdicts& verdict_at) {
+std::string ends(const axis& a, const window& w, const std::string& name, const char* begin,
+                 const char* end, const Verdicts& verdict_at) {
     std::string text;
     if (w.first == 0) {
-        text += "; its first " + noun + " is the range's";
+        text.append("; ").append(begin).append(" with the range");
     } else {
         text += oddity(verdict_at(w.first - 1), name + a.text(w.first - 1));
     }
     if (w.last() + 1 == a.size()) {
-        text += "; its last " + noun + " is the range's";
+        text.append("; ").append(end).append(" with the range");
     } else {
         text += oddity(verdict_at(w.last() + 1), name + a.text(w.last() + 1));
     }
@@ -127,10 +130,11 @@ std::string oddities(const sweep_grid& grid, const best_point& best) {
             text += "; also " + text_of(grid.columns, other);
         }
     }
-    text += ends(grid.columns, w, "point", "",
+    text += ends(grid.columns, w, "", "begins", "ends",
                  [&](std::size_t column) { return grid.cell(best.row, column).kind; });
     if (grid.rows) {
-        text += ends(*grid.rows, rows_around(grid, best), "row", grid.rows->target().name() + "=",
+        text += ends(*grid.rows, rows_around(grid, best), grid.rows->target().name() + "=",
+                     "its rows begin", "its rows end",
                      [&](std::size_t row) { return grid.cell(row, best.column).kind; });
     }
     return text;

@@ -5,16 +5,17 @@
 
 namespace {
 
-/** By what is worse: the last one wins. Of what shall be tried again nothing is known. */
-struct ranked_sign {
+struct sign_of_verdict {
     verdict kind;
     sign its_sign;
 };
 
-constexpr ranked_sign signs[] = {
-    {verdict::pass, {"*", "█", "32", "passed", "passed"}},
+/** In the order of the verdicts. What was interrupted will be tried again: nothing is known of it.
+ */
+constexpr sign_of_verdict signs[] = {
     {verdict::untried, {".", "·", "2", "untried", "not tried"}},
     {verdict::interrupted, {".", "·", "2", "untried", "not tried"}},
+    {verdict::pass, {"*", "█", "32", "passed", "passed"}},
     {verdict::part, {"", "", "33", "part", "passed in part"}},
     {verdict::no_stick, {"n", "n", "35", "no-stick", "did not stick"}},
     {verdict::fail, {"x", "×", "31", "failed", "failed"}},
@@ -23,20 +24,21 @@ constexpr ranked_sign signs[] = {
     {verdict::hang, {"H", "H", "31;1", "hung", "hung"}},
 };
 
-/** Where the sign of a point is in the table. */
-const ranked_sign& rank_of(const point_result& result) {
-    verdict kind = result.kind;
-    if (kind != verdict::pass && result.passed != 0) {
-        kind = verdict::part;
-    }
-    return *std::find_if(std::begin(signs), std::end(signs),
-                         [kind](const ranked_sign& each) { return each.kind == kind; });
+const sign& sign_for(verdict kind) {
+    return std::find_if(std::begin(signs), std::end(signs),
+                        [kind](const sign_of_verdict& each) { return each.kind == kind; })
+        ->its_sign;
+}
+
+/** What a point is drawn as: one at which some of several logs passed as a part. */
+verdict drawn_kind(const point_result& result) {
+    return result.kind != verdict::pass && result.passed != 0 ? verdict::part : result.kind;
 }
 
 } // namespace
 
 const sign& sign_of(const point_result& result) {
-    return rank_of(result).its_sign;
+    return sign_for(drawn_kind(result));
 }
 
 char digit_of(const point_result& result) {
@@ -48,31 +50,37 @@ char digit_of(const point_result& result) {
 }
 
 std::string words_for(const point_result& result) {
-    const ranked_sign& its = rank_of(result);
-    if (its.kind == verdict::part) {
-        return std::to_string(result.passed) + " of " + std::to_string(result.runs) + " passed";
+    if (drawn_kind(result) != verdict::part) {
+        return std::string(sign_for(result.kind).word);
     }
-    return std::string(its.its_sign.word);
+    std::string words =
+        std::to_string(result.passed) + " of " + std::to_string(result.runs) + " passed";
+    if (result.kind != verdict::part) {
+        words.append(", else ").append(sign_for(result.kind).word);
+    }
+    return words;
 }
 
 const point_result& worse(const point_result& a, const point_result& b) {
-    const ranked_sign& first = rank_of(a);
-    const ranked_sign& second = rank_of(b);
-    if (&first == &second) {
+    const verdict first = drawn_kind(a);
+    const verdict second = drawn_kind(b);
+    if (first == second) {
         return a.passed <= b.passed ? a : b;
     }
-    return &first < &second ? b : a;
+    return first < second ? b : a;
 }
 
 std::vector<const sign*> signs_in(const std::vector<sweep_grid>& grids) {
     std::vector<const sign*> found;
-    for (const ranked_sign& each : signs) {
-        const auto has_it = [&](const point_result& cell) { return &rank_of(cell) == &each; };
-        const bool is_new = found.empty() || found.back()->word != each.its_sign.word;
-        if (is_new && std::any_of(grids.begin(), grids.end(), [&](const sweep_grid& grid) {
-                return std::any_of(grid.cells.begin(), grid.cells.end(), has_it);
-            })) {
-            found.push_back(&each.its_sign);
+    for (const auto& [kind, its_sign] : signs) {
+        const bool is_there =
+            std::any_of(grids.begin(), grids.end(), [kind = kind](const sweep_grid& grid) {
+                return std::any_of(grid.cells.begin(), grid.cells.end(),
+                                   [kind](const auto& cell) { return drawn_kind(cell) == kind; });
+            });
+        const bool is_new = found.empty() || found.back()->word != its_sign.word;
+        if (is_there && is_new) {
+            found.push_back(&its_sign);
         }
     }
     return found;

@@ -21,14 +21,15 @@ struct sign {
 /** The sign of a point. */
 const sign& sign_of(const point_result& result);
 
-/** How many passed, from 1 to 9: of more than ten runs or logs in tenths, rounded down. */
+/** How many passed of a point that passed in part, from 1 to 9: of more than ten runs or logs in
+ * tenths, rounded down, but at least 1. */
 char digit_of(const point_result& result);
 
-/** A point in words: "passed", "2 of 5 passed". */
+/** A point in words: "passed", "2 of 5 passed"; of several logs "1 of 2 passed, else hung". */
 std::string words_for(const point_result& result);
 
-/** The one of two points that is shown where there is room for one: what is worse, or known. */
+/** The one of two points that is shown where there is room for one: the worse of what was tried. */
 const point_result& worse(const point_result& a, const point_result& b);
 
-/** The signs of all points of grids, each once, from the best to the worst. */
+/** The signs of all points of grids, each once, from the best to the worst that was tried. */
 std::vector<const sign*> signs_in(const std::vector<sweep_grid>& grids);

@@ -74,6 +74,12 @@ void take_line(sweep_log& log, std::string_view line, std::size_t number) {
 
 } // namespace
 
+const sweep_session& last_begun(const sweep_log& log) {
+    const auto found = std::find_if(log.sessions.rbegin(), log.sessions.rend(),
+                                    [](const sweep_session& s) { return s.begun; });
+    return found == log.sessions.rend() ? log.sessions.front() : *found;
+}
+
 const sweep_session* session_of(const sweep_log& log, const std::string& boot) {
     const auto found =
         std::find_if(log.sessions.rbegin(), log.sessions.rend(),
@@ -84,7 +90,8 @@ const sweep_session* session_of(const sweep_log& log, const std::string& boot) {
 sweep_log parse_log(std::string_view text, const std::string& where) {
     sweep_log log;
     log.name = where;
-    for (std::size_t number = 1; !text.empty(); ++number) {
+    std::size_t number = 1;
+    for (; !text.empty(); ++number) {
         const std::size_t size = text.find('\n');
         if (size == std::string_view::npos) {
             log.is_cut = true;
@@ -106,7 +113,8 @@ sweep_log parse_log(std::string_view text, const std::string& where) {
         }
     }
     if (log.sessions.empty() || log.sessions.front().before.empty() || log.run.empty()) {
-        throw mistake(where + ": no log of a sweep, or one that ends before its first point");
+        throw mistake(where + ":" + std::to_string(number) +
+                      ": no log of a sweep, or one that ends before its first point");
     }
     return log;
 }

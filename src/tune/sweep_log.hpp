@@ -54,6 +54,9 @@ struct sweep_log {
     bool is_cut = false; ///< the last line has no end
 };
 
+/** The last session in which a point was tried; of a log without a point the first one. */
+const sweep_session& last_begun(const sweep_log& log);
+
 /** The last session of a log in a boot in which a point was tried; null for none. */
 const sweep_session* session_of(const sweep_log& log, const std::string& boot);
 

@@ -14,7 +14,7 @@ bool are_alike(const axis& a, const axis& b) {
         return false;
     }
     for (std::size_t i = 0; i < a.size(); ++i) {
-        if (a.text(i) != b.text(i)) {
+        if (!a.has_same(i, b)) {
             return false;
         }
     }
@@ -28,11 +28,10 @@ bool are_alike(const sweep_grid& a, const sweep_grid& b) {
 
 /** Counts a pass among those of several logs. */
 void take_in(point_result& sum, const point_result& other) {
-    if (sum.kind == verdict::pass) {
-        sum.kind = other.kind;
-    }
     if (other.kind == verdict::pass) {
         ++sum.passed;
+    } else if (sum.kind == verdict::pass || sum.kind < other.kind) {
+        sum.kind = other.kind;
     }
     ++sum.runs;
 }
@@ -57,9 +56,9 @@ command_line words_of(const sweep_log& log) {
 
 sweep_results results_in(const knobs& all, std::string_view text, const std::string& where) {
     sweep_results results;
-    const sweep_log& log = results.logs.emplace_back(parse_log(text, where));
+    sweep_log& log = results.logs.emplace_back(parse_log(text, where));
     results.words = words_of(log);
-    const auto before = settings_of(values_before(all, log, log.sessions.front()));
+    const auto before = settings_of(values_before(all, log, last_begun(log)));
     try {
         results.grids =
             make_grids(all, results.words.operands, results.words.sweep.together, before);
@@ -67,6 +66,7 @@ sweep_results results_in(const knobs& all, std::string_view text, const std::str
         throw mistake(log.where_run + ": " + problem.what());
     }
     fill(results.grids, log.points);
+    log.points = {};
     return results;
 }
 

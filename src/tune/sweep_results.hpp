@@ -12,12 +12,12 @@
 /**
  * What logs say of the same points: those of one board, or of several.
  *
- * Of several, a cell is a pass where all of them passed, and otherwise the first of the others;
- * `passed` of `runs` logs passed.
+ * Of several, a cell is a pass where all of them passed, and otherwise the worst of the others;
+ * `passed` of `runs` logs passed. What the properties held before is that of the first log.
  */
 struct sweep_results {
-    std::vector<sweep_log> logs;
-    command_line words; ///< of the first one; the operands are the axes
+    std::vector<sweep_log> logs; ///< without their points
+    command_line words;          ///< of the first one; the operands are the axes
     std::vector<sweep_grid> grids;
 };
 

@@ -5,17 +5,17 @@
 #include <string>
 #include <string_view>
 
-/** What became of a point of a sweep. */
+/** What became of a point of a sweep; of what was tried, what is worse comes later. */
 enum class verdict : std::uint8_t {
     untried,
+    interrupted, ///< by the user
     pass,
-    part, ///< some runs passed
+    part,     ///< some runs passed
+    no_stick, ///< the hardware did not take the value: nothing was run
     fail,
     timeout,
-    no_stick,    ///< the hardware did not take the value: nothing was run
-    interrupted, ///< by the user
-    unsound,     ///< afterwards the test failed with the value before as well
-    hang,        ///< tried, and nothing is known of it since
+    unsound, ///< afterwards the test failed with the value before as well
+    hang,    ///< tried, and nothing is known of it since
 };
 
 /** A verdict, and of several runs how many passed. */

@@ -50,8 +50,8 @@ TEST(Best, OfSeveralLogsPassesInAll) {
         run_tune(b.on_board(), {"best", grid, grid}).out,
         "mac-rx::delay = 5\n" + delay +
             " = 2 # window 1 to 4, 4 points, margins 1 and 2; of mac-rx::delay 4 to 6, 3 rows, "
-            "margins 1 and 1; its first point is the range's; its first row is the range's; "
-            "its last row is the range's\n");
+            "margins 1 and 1; begins with the range; its rows begin with the range; its rows end "
+            "with the range\n");
 }
 
 TEST(Best, DoesNotSayOfWhatWasNotTriedThatItFails) {

@@ -195,14 +195,17 @@ TEST(SweepLog, MayBeCutAnywhere) {
 
 TEST(SweepLog, IsRefusedWithTheLine) {
     const auto refused = [](const std::string& text) { return [text] { parse_log(text, "log"); }; };
-    const std::string short_log = "log: no log of a sweep, or one that ends before its first point";
+    const auto short_log = [](int line) {
+        return "log:" + std::to_string(line) +
+               ": no log of a sweep, or one that ends before its first point";
+    };
     EXPECT_THAT(refused("mac = 1\n"),
                 ThrowsMessage<mistake>("log:1: not 'brisel-tune sweep log, format 1'"));
-    EXPECT_THAT(refused(""), ThrowsMessage<mistake>(short_log));
-    EXPECT_THAT(refused(head), ThrowsMessage<mistake>(short_log));
-    EXPECT_THAT(refused(head + "session a, boot b\n"), ThrowsMessage<mistake>(short_log));
+    EXPECT_THAT(refused(""), ThrowsMessage<mistake>(short_log(1)));
+    EXPECT_THAT(refused(head), ThrowsMessage<mistake>(short_log(5)));
+    EXPECT_THAT(refused(head + "session a, boot b\n"), ThrowsMessage<mistake>(short_log(6)));
     EXPECT_THAT(refused(head.substr(0, head.find("run")) + session),
-                ThrowsMessage<mistake>(short_log));
+                ThrowsMessage<mistake>(short_log(6)));
     EXPECT_THAT(refused(head + "session today\n"),
                 ThrowsMessage<mistake>("log:5: a session without its boot"));
     EXPECT_THAT(refused(head + "before a = 1\n"),
