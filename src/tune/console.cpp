@@ -7,7 +7,27 @@
 #include "tune/mistake.hpp"
 #include "tune/text.hpp"
 
+namespace {
+
+bool line_is_open = false;
+
+} // namespace
+
+void say_in_place(const std::string& line) {
+    std::fprintf(stderr, "\r\033[K%s", line.c_str()); // to its start, and erase what is there
+    line_is_open = true;
+}
+
+void say_in_place_at_last(const std::string& line) {
+    say_in_place(line + "\n");
+    line_is_open = false;
+}
+
 void say(const std::string& text) {
+    if (line_is_open) {
+        std::fputc('\n', stderr);
+        line_is_open = false;
+    }
     for (const std::string_view line : lines_of(text)) {
         std::fprintf(stderr, "brisel-tune: %s\n", printable(line).c_str());
     }

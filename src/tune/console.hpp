@@ -14,6 +14,15 @@
 void say(const std::string& text);
 
 /**
+ * Says something on standard error in a line that the next thing said in place is written over;
+ * what is said otherwise begins below it. Only for a terminal.
+ */
+void say_in_place(const std::string& line);
+
+/** The same, and the line stays. */
+void say_in_place_at_last(const std::string& line);
+
+/**
  * Shows results on standard output.
  * @throw mistake when they cannot be written
  */

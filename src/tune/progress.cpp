@@ -1,11 +1,11 @@
 #include "tune/progress.hpp"
 
-#include <algorithm>
 #include <cstdio>
 #include <string>
 
 #include <unistd.h>
 
+#include "tune/canvas.hpp"
 #include "tune/console.hpp"
 #include "tune/plot_words.hpp"
 #include "tune/row_picture.hpp"
@@ -13,23 +13,12 @@
 
 namespace {
 
-constexpr const char* empty_line = "\r\033[K"; // to its start, and erase what is there
-
 std::string passes_text(const sweep_grid& grid, std::size_t row) {
     const window widest = widest_in(grid, row);
     if (widest.size == 0) {
         return "nothing passes";
     }
     return text_of(grid.columns, widest) + " pass";
-}
-
-/** How many points of a row were tried. */
-std::size_t tried_in(const sweep_grid& grid, std::size_t row) {
-    std::size_t tried = 0;
-    for (std::size_t i = 0; i < grid.columns.size(); ++i) {
-        tried += grid.cell(row, i).kind == verdict::untried ? 0U : 1U;
-    }
-    return tried;
 }
 
 /** "1:05", of seconds. */
@@ -40,48 +29,59 @@ std::string minutes_text(double seconds) {
     return text;
 }
 
-/** A row as it is now, in one line. */
-std::string row_line(const sweep_grid& grid, std::size_t row, const std::string& behind,
-                     const canvas& c) {
-    std::string name = short_name(grid);
+/**
+ * A row as it is now and words behind it, in one line: without the picture, where both have no
+ * room.
+ */
+std::string row_line(const sweep_grid& grid, std::size_t row, const std::string& words) {
+    constexpr std::size_t least_room = 8; // for the picture
+    const canvas c = canvas_of(STDERR_FILENO);
+    std::string line = short_name(grid) + " ";
     if (grid.rows) {
-        name = grid.rows->text(row);
+        line = grid.rows->text(row) + " ";
     }
-    constexpr std::size_t least_room = 8;       // for the picture: without it the text is cut
-    const std::size_t around = name.size() + 3; // with two blanks and the cursor
-    const std::string text = behind.substr(0, c.width - std::min(around + least_room, c.width));
-    const std::size_t room =
-        std::max(c.width - std::min(around + text.size(), c.width), least_room);
-    const std::size_t stride = stride_for(grid.columns.size(), room);
-    return name + " " + row_picture(grid, row, stride, c) + " " + text;
+    const std::size_t taken = line.size() + words.size() + 2; // with a blank and the cursor
+    if (c.width >= taken + least_room) {
+        const std::size_t stride = stride_for(grid.columns.size(), c.width - taken);
+        line += row_picture(grid, row, stride, c) + " ";
+    }
+    return line + words;
 }
 
 } // namespace
 
-progress::progress() : m_redraws(can_redraw(STDERR_FILENO)), m_canvas(canvas_of(STDERR_FILENO)) {}
+progress::progress() : m_redraws(can_redraw(STDERR_FILENO)) {}
 
-void progress::point_done(const sweep_grid& grid, std::size_t row) {
-    ++m_done;
+void progress::point_begins(const sweep_grid& grid, std::size_t row, std::size_t column) const {
     if (!m_redraws) {
         return;
     }
     const std::chrono::duration<double> gone = std::chrono::steady_clock::now() - m_begin;
-    const auto untried = static_cast<double>(
-        std::count_if(grid.cells.begin(), grid.cells.end(),
-                      [](const point_result& cell) { return cell.kind == verdict::untried; }));
-    const double left = gone.count() / static_cast<double>(m_done) * untried;
-    const std::string known = std::to_string(m_done) + " done, " + passes_text(grid, row) + ", " +
-                              minutes_text(gone.count()) + ", up to " + minutes_text(left) +
-                              " left";
-    std::fprintf(stderr, "%s%s", empty_line, row_line(grid, row, known, m_canvas).c_str());
+    std::string words = grid.columns.text(column) + ", " + std::to_string(m_done) + " done, " +
+                        passes_text(grid, row) + ", " + minutes_text(gone.count());
+    if (m_done != 0) {
+        const double each = gone.count() / static_cast<double>(m_done);
+        words += ", up to " + minutes_text(each * static_cast<double>(m_left)) + " left";
+    }
+    say_in_place(row_line(grid, row, words));
 }
 
-void progress::row_done(const sweep_grid& grid, std::size_t row) const {
-    const std::string known =
-        passes_text(grid, row) + ", " + counted(tried_in(grid, row), "point") + " tried";
+void progress::point_done() {
+    ++m_done;
+    --m_left;
+}
+
+void progress::row_done(const sweep_grid& grid, std::size_t row) {
+    std::size_t tried = 0;
+    for (std::size_t column = 0; column < grid.columns.size(); ++column) {
+        const verdict kind = grid.cell(row, column).kind;
+        tried += kind == verdict::untried ? 0U : 1U;
+        m_left -= is_settled(kind) ? 0U : 1U;
+    }
+    const std::string words = passes_text(grid, row) + ", " + counted(tried, "point") + " tried";
     if (m_redraws) {
-        std::fprintf(stderr, "%s%s\n", empty_line, row_line(grid, row, known, m_canvas).c_str());
+        say_in_place_at_last(row_line(grid, row, words));
     } else {
-        say(grid.row_name(row) + ": " + known);
+        say(grid.row_name(row) + ": " + words);
     }
 }

@@ -68,8 +68,25 @@ sweep::sweep(const knobs& all, const std::vector<setting>& before, const command
              log_writer& log)
     : m_before(before), m_targets(targets_of(before)), m_words(words), m_log(log),
       m_lanes(all, m_targets) {
+    m_output.reserve(trial::most_output); // memory is not to end while a value is tried
     const board_hold hold(m_targets, words.wait_seconds);
     m_lanes.look();
+}
+
+bool sweep::is_to_be_tried(const point_result& cell) const {
+    return !is_settled(cell.kind) || (cell.kind == verdict::hang && m_words.sweep.retry_hangs);
+}
+
+void sweep::go_through(std::vector<sweep_grid>& grids) {
+    std::ptrdiff_t points = 0;
+    for (const sweep_grid& grid : grids) {
+        points += std::count_if(grid.cells.begin(), grid.cells.end(),
+                                [this](const auto& cell) { return is_to_be_tried(cell); });
+    }
+    m_progress.begin(static_cast<std::size_t>(points));
+    for (sweep_grid& grid : grids) {
+        go_through(grid);
+    }
 }
 
 void sweep::go_through(sweep_grid& grid) {
@@ -97,9 +114,10 @@ bool sweep::go_through_row(sweep_grid& grid, std::size_t row, std::size_t column
     outward_search search(grid.columns.size(), column, m_words.all ? 0 : m_words.sweep.stop);
     while (const auto point = search.next()) {
         point_result& cell = grid.cell(row, *point);
-        if (!is_settled(cell.kind) || (cell.kind == verdict::hang && m_words.sweep.retry_hangs)) {
+        if (is_to_be_tried(cell)) {
+            m_progress.point_begins(grid, row, *point);
             cell = try_point(grid, row, *point);
-            m_progress.point_done(grid, row);
+            m_progress.point_done();
             tried = true;
         }
         passed = passed || cell.kind == verdict::pass;
@@ -107,8 +125,8 @@ bool sweep::go_through_row(sweep_grid& grid, std::size_t row, std::size_t column
     }
     if (tried) {
         look_at_lanes();
-        m_progress.row_done(grid, row);
     }
+    m_progress.row_done(grid, row);
     return passed;
 }
 
@@ -157,7 +175,7 @@ std::string sweep::set(const std::vector<change>& changes) {
         const change_report report = change_in_order(changes);
         m_output = report.failure;
         return what_is_not_back(report);
-    } catch (const mistake& problem) {
+    } catch (const std::exception& problem) {
         return problem.what();
     }
 }
@@ -203,20 +221,26 @@ point_result sweep::run(const std::vector<std::unique_ptr<trial>>& trials) {
     return result;
 }
 
-std::string sweep::put_back(const std::vector<setting>& tried, const std::vector<change>& changes) {
+std::string sweep::put_back(const std::vector<setting>& tried, std::vector<change> changes) {
     try {
         const board_hold hold = board_hold::quietly(m_targets);
         const std::vector<reading> now = read_all(targets_of(tried));
+        std::vector<std::string> problems;
         for (std::size_t i = 0; i < now.size(); ++i) {
             if (now[i].code.value_or(tried[i].code) != tried[i].code) {
-                const knob& k = *now[i].source;
-                return "somebody else has set " + k.name() + ": " + to_reading(k, tried[i].code) +
-                       " was tried, and it holds " + to_reading(k, *now[i].code) +
-                       ", which is left there";
+                const knob* const k = now[i].source;
+                problems.push_back("somebody else has set " + k->name() + ": " +
+                                   to_reading(*k, tried[i].code) + " was tried, and it holds " +
+                                   to_reading(*k, *now[i].code) + ", which is left there");
+                std::erase_if(changes, [k](const change& each) { return each.target == k; });
             }
         }
-        return what_is_not_back(undo(changes));
-    } catch (const mistake& problem) {
+        const std::string left = what_is_not_back(undo(changes));
+        if (!left.empty()) {
+            problems.push_back(left);
+        }
+        return joined(problems, "\n");
+    } catch (const std::exception& problem) {
         return std::string("nothing could be put back: ") + problem.what();
     }
 }
@@ -224,8 +248,11 @@ std::string sweep::put_back(const std::vector<setting>& tried, const std::vector
 void sweep::check_memory(const sweep_grid& grid) {
     const auto trials = prepare(grid, m_before);
     const point_result result = run(trials);
-    if (result.kind == verdict::interrupted) {
-        throw sweep_end{m_trouble + "interrupted", tune_status::differs};
+    if (!m_trouble.empty()) {
+        throw sweep_end{m_trouble, tune_status::no_result, "interrupted\n"};
+    }
+    if (result.kind == verdict::interrupted) { // and so the point is tried again
+        throw sweep_end{"interrupted", tune_status::differs, "interrupted\n"};
     }
     if (result.kind != verdict::pass) {
         m_log.write("unsound\n" + noted_output());

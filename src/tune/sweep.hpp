@@ -34,13 +34,17 @@ public:
           log_writer& log);
 
     /**
-     * Tries the points of a grid that are not settled, in their order, and notes what becomes of
+     * Tries the points of grids that are not settled, in their order, and notes what becomes of
      * them in it.
      * @throw sweep_end when it ends before the last one
+     * @throw mistake when the log cannot be written
      */
-    void go_through(sweep_grid& grid);
+    void go_through(std::vector<sweep_grid>& grids);
 
 private:
+    bool is_to_be_tried(const point_result& cell) const;
+    void go_through(sweep_grid& grid);
+
     /** @param column where the row is begun. @return whether a point passed */
     bool go_through_row(sweep_grid& grid, std::size_t row, std::size_t column);
 
@@ -60,7 +64,7 @@ private:
     point_result run(const std::vector<std::unique_ptr<trial>>& trials);
 
     /** @return why something is not as before; empty if all is */
-    std::string put_back(const std::vector<setting>& tried, const std::vector<change>& changes);
+    std::string put_back(const std::vector<setting>& tried, std::vector<change> changes);
     void check_memory(const sweep_grid& grid);
     void look_at_lanes();
     std::string noted_output() const;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdio>
 
 #include "tune/board_hold.hpp"
 #include "tune/change.hpp"
@@ -26,25 +27,10 @@ struct sweep_task {
     std::optional<sweep_log> log;
 };
 
-sweep_task task_of(const command_line& words) {
-    sweep_task task{words, std::nullopt};
-    if (words.sweep.continued) {
-        const std::string& file = words.operands.front();
-        task.log = parse_log(read_text(file), file);
-        task.words = words_of(*task.log);
-        task.words.wait_seconds = words.wait_seconds;
-        task.words.sweep.lead = words.sweep.lead;
-        task.words.sweep.retry_hangs = words.sweep.retry_hangs;
-        task.words.output = file;
-        if (words.operands.size() > 1 || !words.test.empty() || words.output) {
-            throw mistake("--continue takes a log, and axes, COMMAND and -o from it");
-        }
-    }
-    if (task.words.test.empty()) {
-        throw mistake("usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...");
-    }
-    check_command(task.words.test.front());
-    return task;
+std::string seconds_text(double seconds) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.9g", seconds);
+    return text;
 }
 
 /** The command line without what is for one run of the program alone. */
@@ -61,12 +47,36 @@ std::vector<std::string> run_words(const command_line& words) {
     add("--no-control", !s.control);
     add("--stop=" + std::to_string(s.stop), s.stop != sweep_settings().stop);
     add("--repeat=" + std::to_string(s.repeat), s.repeat != 1);
-    add("--timeout=" + std::to_string(s.timeout.value_or(0)), s.timeout.has_value());
-    add("--settle=" + std::to_string(s.settle), s.settle != 0);
+    add("--timeout=" + seconds_text(s.timeout.value_or(0)), s.timeout.has_value());
+    add("--settle=" + seconds_text(s.settle), s.settle != 0);
     result.insert(result.end(), words.operands.begin(), words.operands.end());
     result.emplace_back("--");
     result.insert(result.end(), words.test.begin(), words.test.end());
     return result;
+}
+
+sweep_task task_of(const command_line& words) {
+    sweep_task task{words, std::nullopt};
+    if (words.sweep.continued) {
+        const std::string& file = words.operands.front();
+        command_line rest = words;
+        rest.operands.erase(rest.operands.begin());
+        if (run_words(rest).size() > 2 || words.output) { // more than "sweep" and "--"
+            throw mistake("--continue takes a log, and axes, COMMAND, -o and the other options "
+                          "from it");
+        }
+        task.log = parse_log(read_text(file), file);
+        task.words = words_of(*task.log);
+        task.words.wait_seconds = words.wait_seconds;
+        task.words.sweep.lead = words.sweep.lead;
+        task.words.sweep.retry_hangs = words.sweep.retry_hangs;
+        task.words.output = file;
+    }
+    if (task.words.test.empty()) {
+        throw mistake("usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...");
+    }
+    check_command(task.words.test.front());
+    return task;
 }
 
 /**
@@ -95,7 +105,13 @@ std::vector<setting> put_back_first(const knobs& all, const std::vector<const kn
             throw mistake(task.log->name + ":" + std::to_string(session->line) +
                           ": the values before are not those of the axes");
         }
-        const change_report report = change_board(changes_to(wanted, now));
+        const std::vector<change> changes = changes_to(wanted, now);
+        for (const change& each : changes) {
+            if (const std::string problem = voltage_mistake(each); !problem.empty()) {
+                throw mistake(problem);
+            }
+        }
+        const change_report report = change_board(changes);
         if (!report.failure.empty()) {
             throw mistake(report.failure + "\n" + joined(report.holds, "\n"));
         }
@@ -104,9 +120,9 @@ std::vector<setting> put_back_first(const knobs& all, const std::vector<const kn
     return before;
 }
 
-/** Says what the board held when the log was begun, and does not hold now. */
+/** Says what the board held in the session before, and does not hold now. */
 void say_differences(const knobs& all, const sweep_log& log, const std::vector<setting>& before) {
-    for (const setting& then : settings_of(values_before(all, log, log.sessions.front()))) {
+    for (const setting& then : settings_of(values_before(all, log, last_begun(log)))) {
         for (const setting& now : before) {
             if (now.target == then.target && now.code != then.code) {
                 say(now.target->name() + " is " + to_reading(*now.target, now.code) +
@@ -116,12 +132,15 @@ void say_differences(const knobs& all, const sweep_log& log, const std::vector<s
     }
 }
 
-void check_points(const axis& a) {
-    const auto [least, most] = voltage_limits(a.target());
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (a.code(i) < least || a.code(i) > most) {
-            throw mistake(a.text(i) + " is outside the limits of " + a.target().name() + ", " +
-                          std::to_string(least) + " to " + std::to_string(most));
+/** @throw mistake for voltages outside the regulator's limits */
+void check_voltages(const axis& a) {
+    if (a.target().kind != knob_kind::regulator) {
+        return;
+    }
+    for (const std::size_t i : {std::size_t{0}, a.size() - 1}) { // the lowest and the highest one
+        const std::string problem = voltage_mistake({&a.target(), a.code(i), a.code(i)});
+        if (!problem.empty()) {
+            throw mistake(problem);
         }
     }
 }
@@ -169,9 +188,7 @@ std::string session_lines(const std::vector<setting>& before) {
 /** Goes through all grids, and logs how that ends. */
 tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& log) {
     try {
-        for (sweep_grid& grid : grids) {
-            work.go_through(grid);
-        }
+        work.go_through(grids);
     } catch (const sweep_end& end) {
         say(end.why); // before the log, which may be lost
         log.write(end.verdict + "end " + end.why.substr(0, end.why.find('\n')) + "\n");
@@ -188,7 +205,7 @@ tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& 
 } // namespace
 
 tune_status sweep_axes(const knobs& all, const command_line& given) {
-    const sweep_task task = task_of(given);
+    sweep_task task = task_of(given);
     const command_line& words = task.words;
     if (task.log && task.log->complete && !words.sweep.retry_hangs) {
         say("the sweep is complete: there is nothing left to be tried");
@@ -200,24 +217,27 @@ tune_status sweep_axes(const knobs& all, const command_line& given) {
         before.push_back({part, part->least()});
     }
     make_grids(all, words.operands, words.sweep.together, before); // mistakes come before all else
+    std::optional<log_writer> log;
+    if (task.log) { // it can be written to, or nothing is touched
+        log.emplace(words.output.value_or("-"), true, words.sweep.lead);
+    }
     before = put_back_first(all, targets, task);
     std::vector<sweep_grid> grids = make_grids(all, words.operands, words.sweep.together, before);
-    for (const sweep_grid& grid : grids) {
-        for (const axis* a : {&grid.columns, grid.rows ? &*grid.rows : &grid.columns}) {
-            if (a->target().kind == knob_kind::regulator) {
-                check_points(*a);
-            }
-        }
+    check_voltages(grids.front().columns);
+    if (grids.front().rows) {
+        check_voltages(*grids.front().rows);
     }
     if (task.log) {
         say_differences(all, *task.log, before);
         fill(grids, task.log->points);
+    } else {
+        log.emplace(words.output.value_or("-"), false, words.sweep.lead);
     }
-    log_writer log(words.output.value_or("-"), task.log.has_value(), words.sweep.lead);
     announce(grids, words);
     take_precautions();
     const user_signals signals;
-    sweep work(all, before, words, log);
-    log.write(head_of(task) + session_lines(before));
-    return go_through(work, grids, log);
+    sweep work(all, before, words, *log);
+    log->write(head_of(task) + session_lines(before));
+    task.log.reset();
+    return go_through(work, grids, *log);
 }

@@ -11,11 +11,13 @@
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "tune/mistake.hpp"
 #include "tune/precautions.hpp"
+#include "tune/text.hpp"
 #include "tune/user_signals.hpp"
 
 namespace {
@@ -29,7 +31,7 @@ constexpr char leave_order = 'l';
 
 constexpr double forever = 1e9; // seconds
 constexpr double grace = 1;     // between SIGTERM and SIGKILL
-constexpr std::size_t most_output = 4096;
+constexpr std::size_t buffer_size = 1024;
 
 double seconds_until(steady_clock::time_point end) {
     const double left = std::chrono::duration<double>(end - steady_clock::now()).count();
@@ -79,11 +81,21 @@ steady_clock::time_point after(double seconds) {
     std::_Exit(127);
 }
 
+/** Whether there is such a file that may be executed; if not, errno says why. */
+bool is_executable(const std::string& file) {
+    struct stat status {};
+    if (stat(file.c_str(), &status) != 0) {
+        return false;
+    }
+    errno = EACCES;
+    return S_ISREG(status.st_mode) && access(file.c_str(), X_OK) == 0;
+}
+
 } // namespace
 
 void check_command(const std::string& name) {
     if (name.find('/') != std::string::npos) {
-        if (access(name.c_str(), X_OK) != 0) {
+        if (!is_executable(name)) {
             throw mistake("cannot execute " + name + ": " + std::strerror(errno));
         }
         return;
@@ -96,11 +108,11 @@ void check_command(const std::string& name) {
             file += '/';
         }
         file += name;
-        if (access(file.c_str(), X_OK) == 0) {
+        if (is_executable(file)) {
             return;
         }
         if (size == rest.size()) {
-            throw mistake("cannot execute " + name + ": it is in no folder of PATH");
+            throw mistake("cannot execute " + in_quotes(name) + ": it is in no folder of PATH");
         }
         rest.remove_prefix(size + 1);
     }
@@ -126,12 +138,13 @@ trial::trial(const std::vector<std::string>& words,
     close(output[1]);
     m_control = control[0];
     m_pipe = output[0];
-    setpgid(m_process, m_process); // whoever comes first
     if (m_process == -1) {
         close(m_control);
         close(m_pipe);
         throw mistake(std::string("no process for a test: ") + std::strerror(error));
     }
+    setpgid(m_process, m_process);               // whoever comes first
+    m_output.reserve(most_output + buffer_size); // memory is not to end while a value is tried
     char report = 0;
     static_cast<void>(!read(m_control, &report, 1)); // nothing more is done until it begins
 }
@@ -179,7 +192,7 @@ run_end trial::run(std::optional<double> seconds) {
 }
 
 void trial::read_output() {
-    char buffer[1024];
+    char buffer[buffer_size];
     ssize_t size = 0;
     while (m_pipe != -1 && (size = read(m_pipe, buffer, sizeof buffer)) > 0) {
         m_output.append(buffer, static_cast<std::size_t>(size));

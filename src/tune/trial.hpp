@@ -45,7 +45,9 @@ public:
      */
     run_end run(std::optional<double> seconds);
 
-    /** The last 4 KiB that it wrote to either standard stream. */
+    static constexpr std::size_t most_output = 4096;
+
+    /** The last of what it wrote to either standard stream, at most so many bytes. */
     const std::string& output() const { return m_output; }
 
 private:

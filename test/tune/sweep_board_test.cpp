@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "cli/streams.hpp"
@@ -60,8 +61,8 @@ TEST(SweepOnABoardThatDies, BeginsARowInTheMiddleOfItsNeighboursWindow) {
     EXPECT_EQ(b.best(), delay + " = 2\n" + lane +
                             " = 67 # d+3, window d-1 to d+7, 9 points, margins 4 and 4; of " +
                             delay +
-                            " 1 to 3, 3 rows, margins 1 and 1; d-2 hung; d+8 hung; its first row "
-                            "is the range's; its last row is the range's\n");
+                            " 1 to 3, 3 rows, margins 1 and 1; d-2 hung; d+8 hung; its rows begin "
+                            "with the range; its rows end with the range\n");
     EXPECT_THAT(b.log(),
                 HasSubstr("before " + delay + " = 2\ntry " + lane + "=d+3 " + delay + "=3\npass"));
 }
@@ -95,12 +96,11 @@ TEST(SweepInOneBoot, IsPutBackBeforeItGoesOn) {
     EXPECT_EQ(run_tune(b.on_board(), {"set", delay + "=7"}).status, 0);
     EXPECT_EQ(b.go_on().status, 0);
     EXPECT_EQ(b.held(delay), delay + " = 2\n");
-    EXPECT_EQ(b.best(), delay + " = 2 # window 2, 1 point, margins 0 and 0; its first point is the "
-                                "range's; 3 hung\n");
+    EXPECT_EQ(b.best(), delay + " = 2 # window 2, 1 point, margins 0 and 0; begins with the "
+                                "range; 3 hung\n");
     EXPECT_EQ(b.go_on({"--retry-hangs"}).status, 0);
-    EXPECT_EQ(b.best(),
-              delay + " = 3 # window 2 to 4, 3 points, margins 1 and 1; its first point is the "
-                      "range\'s; its last point is the range\'s\n");
+    EXPECT_EQ(b.best(), delay + " = 3 # window 2 to 4, 3 points, margins 1 and 1; begins with the "
+                                "range; ends with the range\n");
 }
 
 TEST(SweepInOneBoot, DoesNotGoOnWhereItCannotBePutBack) {
@@ -275,10 +275,20 @@ TEST(SweepOnATerminal, ShowsHowFarItIs) {
     if (!shown) {
         GTEST_SKIP() << no_terminal;
     }
-    EXPECT_THAT(shown->text(),
-                EndsWith("\r\n\r\033[Kdelay *. 1 done, 2 pass, 0:00, up to 0:00 left"
-                         "\r\033[Kdelay ** 2 done, 2 to 3 pass, 0:00, up to 0:00 left"
-                         "\r\033[Kdelay ** 2 to 3 pass, 2 points tried\r\n"));
+    EXPECT_THAT(shown->text(), EndsWith("on /\r\n\r\033[Kdelay .. 2, 0 done, nothing passes, 0:00"
+                                        "\r\033[Kdelay *. 3, 1 done, 2 pass, 0:00, up to 0:00 left"
+                                        "\r\033[Kdelay ** 2 to 3 pass, 2 points tried\r\n"));
+    // Where picture and words have no room, the words alone are shown.
+    program.words[3] += "-in-20-columns";
+    program.environment[program.environment.size() - 3].second = "20";
+    EXPECT_THAT(run_in_terminal(program)->text(),
+                EndsWith("\r\033[Kdelay 2 to 3 pass, 2 points tried\r\n"));
+    // What is said otherwise stands in a line of its own.
+    program.words[3] += "-interrupted";
+    program.words.back() = "false";
+    EXPECT_THAT(run_in_terminal(program)->text(),
+                HasSubstr("nothing passes, 0:00\r\nbrisel-tune: unsound: "));
+    program.words.back() = "true";
     // Where no line can be written over, each row has one.
     program.words[3] += "-of-dumb";
     program.environment.back().second = "dumb";
@@ -320,13 +330,78 @@ TEST(SweepOnABoard, SaysWhichLanesItCannotReadAtItsEnd) {
                                    "nobody set it\n"));
 }
 
+TEST(SweepOnABoard, LeavesASignalIgnoredThatWas) {
+    const swept_board b;
+    program_start program = b.on_board().launch_bare(
+        {"sweep", "-o", b.log_file(), delay + "=3", "--", "sh", "-c", "kill -HUP $PPID"}, "",
+        "brisel-tune");
+    std::signal(SIGHUP, SIG_IGN); // as nohup does
+    const run_result run = b.on_board().capture(std::move(program));
+    std::signal(SIGHUP, SIG_DFL);
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST(SweepOnABoard, PutsBackWhatNobodyElseHasSet) {
+    const swept_board b;
+    const run_result run = b.begin(
+        {"mac-rx::delay=6", delay + "=3", "--", "sh", "-c", BRISEL_BUILD_DIR "/brisel mac-rx::delay 9"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.err, EndsWith("somebody else has set mac-rx::delay: 6 was tried, and it holds "
+                                  "9, which is left there\n"));
+    EXPECT_EQ(b.held("mac-rx::delay"), "mac-rx::delay = 9\n");
+    EXPECT_EQ(b.held(delay), delay + " = 2\n");
+}
+
+TEST(SweepOnABoard, EndsWithATestThatCannotBeExecuted) {
+    const swept_board b;
+    const std::string test = b.on_board().path("/tmp/test");
+    write_text(test, "#!/no/interpreter\n");
+    chmod(test.c_str(), 0755);
+    const run_result run = b.begin({delay + "=3", "--", test});
+    const std::string why = "cannot execute " + test + ": No such file or directory\n";
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.err, EndsWith("brisel-tune: " + why));
+    EXPECT_THAT(b.log(), HasSubstr("\ninterrupted "));
+    EXPECT_THAT(b.log(), EndsWith("\n| " + why + "end " + why));
+}
+
+TEST(SweepOnABoard, EndsWithATestThatCannotBeExecutedAgain) {
+    const swept_board b;
+    const std::string test = b.on_board().path("/tmp/test");
+    write_text(test, "#!/bin/sh\nrm \"$0\"; exit 1\n");
+    chmod(test.c_str(), 0755);
+    const run_result run = b.begin({delay + "=3", "--", test});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(b.log(), HasSubstr("\ninterrupted\nend cannot execute " + test + ": No such"));
+}
+
+TEST(SweepOnABoard, GivesTheTestNothingToRead) {
+    const swept_board b;
+    const std::string test = "[ $(readlink /proc/self/fd/0) = /dev/null ]";
+    EXPECT_EQ(b.begin({delay + "=2..4", "--", "sh", "-c", test}).status, 0);
+    const std::string log = b.log();
+    write_text(b.log_file(), log.substr(0, log.find("try " + delay + "=4")));
+    program_start program =
+        b.on_board().launch_bare({"sweep", "--lead=0", "--continue", "-"}, "", "brisel-tune");
+    const descriptor in(b.log_file(), O_RDONLY);
+    const std::string rest = b.on_board().path("/tmp/rest");
+    const descriptor out(rest, O_WRONLY | O_CREAT);
+    program.in = in;
+    program.out = out;
+    program.err = out;
+    EXPECT_EQ(wait_for(start(program)), 0);
+    EXPECT_THAT(text_of(rest), HasSubstr("try " + delay + "=4\npass"));
+}
+
 TEST(SweepLogOnABoard, TakesNoAxesBesideALog) {
     const swept_board b;
     EXPECT_EQ(b.begin({delay + "=2", "--", "true"}).status, 0);
-    const std::string err = "--continue takes a log, and axes, COMMAND and -o from it\n";
+    const std::string err = "--continue takes a log, and axes, COMMAND, -o and the other options "
+                            "from it\n";
     EXPECT_EQ(b.go_on({delay}).err, err);
     EXPECT_EQ(b.go_on({"--", "true"}).err, err);
     EXPECT_EQ(b.go_on({"-o", "x"}).err, err);
+    EXPECT_EQ(b.go_on({"--repeat=2"}).err, err);
     EXPECT_EQ(run_tune(b.on_board(), {"sweep", "--continue", "/no/log"}).err,
               "/no/log: No such file or directory\n");
 }
