@@ -27,9 +27,6 @@ public:
     /** Moves the lower right corner out so that there is this place, too. */
     void reach(int x, int y);
 
-    int width() const { return m_width; }
-    int height() const { return m_height; }
-
     /** The whole picture. @param title what it is, for who does not see it */
     std::string svg(std::string_view title, std::string_view style_sheet) const;
 

@@ -1,5 +1,7 @@
 #include "tune/plot_words.hpp"
 
+#include <algorithm>
+
 #include "tune/facts.hpp"
 #include "tune/shell_words.hpp"
 #include "tune/table.hpp"
@@ -10,22 +12,25 @@ namespace {
 /** The names of the axes, as they were given. */
 std::vector<std::string> axis_names(const sweep_results& results) {
     std::vector<std::string> names;
-    for (const std::string& axis_text : results.words.operands) {
-        names.push_back(axis_text.substr(0, axis_text.find('=')));
+    for (const std::string& text : results.words.operands) {
+        names.push_back(name_of_axis(text));
     }
     return names;
 }
 
 /** A property's help text and its unit. */
 std::string help_for(const axis& a) {
-    if (is_delay(a.target())) {
-        return "delay of a DQ lane, in steps";
+    if (a.target().kind == knob_kind::set) {
+        return "offset to the delay of each lane, in steps";
     }
     const knob_facts facts = facts_of(a.target());
-    if (facts.unit == "-") {
-        return facts.help;
+    std::string text = facts.help;
+    if (is_delay(a.target())) {
+        text += ", in steps";
+    } else if (facts.unit != "-") {
+        text += ", in " + facts.unit;
     }
-    return facts.help + ", in " + facts.unit;
+    return text;
 }
 
 } // namespace
@@ -40,6 +45,9 @@ std::vector<std::string> origins_of(const sweep_results& results) {
         std::string text = log.sessions.front().date;
         if (!log.machine.empty()) {
             text = log.machine + ", " + text;
+        }
+        if (results.logs.size() > 1) {
+            text = log.name + ": " + text;
         }
         if (!log.complete) {
             text += ", not complete";
@@ -66,8 +74,7 @@ std::vector<std::string> words_for_axes(const sweep_results& results) {
 }
 
 std::optional<std::size_t> present_in(const axis& a) {
-    const std::size_t nearest = a.nearest();
-    return a.steps_away(nearest) == 0 ? std::optional(nearest) : std::nullopt;
+    return a.has_present() ? std::optional(a.nearest()) : std::nullopt;
 }
 
 std::vector<std::string> facts_of(const sweep_grid& grid, const std::optional<best_point>& best) {
@@ -113,15 +120,20 @@ std::string words_for(const sweep_grid& grid, const std::optional<best_point>& b
 }
 
 std::pair<std::string, std::string> digits_in(const sweep_results& results) {
-    std::size_t count = results.logs.size();
-    std::string noun = "logs";
-    if (count == 1) {
-        count = results.words.sweep.repeat;
-        noun = "runs";
+    std::size_t count = 0;
+    for (const sweep_grid& grid : results.grids) {
+        for (const point_result& cell : grid.cells) {
+            count = std::max<std::size_t>(count, cell.runs);
+        }
     }
-    const std::string all = std::to_string(count) + " " + noun + " passed";
+    const char* const noun = results.logs.size() == 1 ? " runs passed" : " logs passed";
+    const std::string all = std::to_string(count) + noun;
     if (count > 10) {
         return {"1-9", "tenths of " + all};
     }
-    return {count == 2 ? "1" : "1-" + std::to_string(count - 1), "of " + all};
+    std::string digits = "1";
+    if (count > 2) {
+        digits.append("-").append(std::to_string(count - 1));
+    }
+    return {digits, "of " + all};
 }

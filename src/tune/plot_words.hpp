@@ -16,7 +16,8 @@
 /** The properties and the test: "orlin-ddra-read0::dq: memtester 64M 1". */
 std::string title_of(const sweep_results& results);
 
-/** Of each log the machine and the date, and whether the sweep is not at its end. */
+/** Of each log the machine and the date, of several its name, and whether the sweep is not at its
+ * end. */
 std::vector<std::string> origins_of(const sweep_results& results);
 
 /** "dq3" of "orlin-ddra-read0::dq3". */

@@ -9,10 +9,13 @@ std::size_t stride_for(std::size_t points, std::size_t room) {
 }
 
 std::string row_picture(const sweep_grid& grid, std::size_t row, std::size_t stride,
-                        const canvas& on) {
+                        const canvas& on, std::size_t pitch) {
     std::string picture;
     std::string_view color;
     for (std::size_t column = 0; column < grid.columns.size(); column += stride) {
+        if (column != 0) {
+            picture.append(pitch - 1, ' ');
+        }
         const point_result* shown = &grid.cell(row, column);
         const std::size_t end = std::min(column + stride, grid.columns.size());
         for (std::size_t i = column + 1; i < end; ++i) {

@@ -14,7 +14,7 @@ namespace {
 // Passes are blue and the others are not red or green: these hold up for the color-blind.
 constexpr std::string_view style_sheet = R"(
 text { font: 13px monospace; fill: #1a1a1a; white-space: pre }
-.head { font-size: 16px; font-weight: bold }
+.head { font-weight: bold }
 .sign { pointer-events: none; font-size: 11px }
 .paper { fill: #fff }
 rect { stroke: #fff; stroke-width: 1 }
@@ -46,10 +46,9 @@ rect { stroke: #16191d }
 }
 )";
 
-constexpr int widest_row = 1080; // of all its cells, where they need not be smaller than the least
-constexpr int least_cell = 3;
+constexpr int widest_row = 1080; // where its cells need not be narrower than their signs
+constexpr int least_cell = 8;
 constexpr int most_cell = 18;
-constexpr int least_cell_with_sign = 8;
 constexpr int row_height = 18;
 constexpr int left_margin = 16;
 constexpr int mark_height = 9;
@@ -66,9 +65,16 @@ struct raster {
     int y(std::size_t row) const { return top + static_cast<int>(row) * step; }
 };
 
+int width_of(std::size_t characters) {
+    return static_cast<int>(characters) * drawing::character;
+}
+
+/** The width of a point's cell; of few points wide enough for their labels. */
 int cell_width(const axis& a) {
-    return std::clamp(widest_row / static_cast<int>(std::min<std::size_t>(a.size(), widest_row)),
-                      least_cell, most_cell);
+    const int points = static_cast<int>(a.size());
+    const int label = width_of(a.longest_text() + 1);
+    return std::clamp(widest_row / points, least_cell,
+                      points <= 16 ? std::max(label, most_cell) : most_cell);
 }
 
 std::string point(int x, int y) {
@@ -87,13 +93,14 @@ void draw_row(drawing& d, const sweep_grid& grid, std::size_t row, const raster&
     if (grid.rows) {
         behind = " with " + grid.rows->text(row);
     }
+    const std::string name = short_name(grid) + " ";
     const int y = r.y(place);
     for (std::size_t column = 0; column < grid.columns.size(); ++column) {
         const point_result& result = grid.cell(row, column);
         const sign& its = sign_of(result);
         d.cell(r.x(column), y, r.cell, row_height, its.style,
-               grid.columns.text(column) + behind + ": " + words_for(result));
-        if (r.cell >= least_cell_with_sign && result.kind != verdict::pass) {
+               name + grid.columns.text(column) + behind + ": " + words_for(result));
+        if (result.kind != verdict::pass) {
             std::string text(its.ascii);
             if (text.empty()) {
                 text += digit_of(result);
@@ -105,11 +112,7 @@ void draw_row(drawing& d, const sweep_grid& grid, std::size_t row, const raster&
 
 /** Labels below the last row, as many as have room. */
 void draw_scale(drawing& d, const axis& a, const raster& r, int y) {
-    std::size_t widest = 0;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        widest = std::max(widest, a.text(i).size());
-    }
-    const int room = static_cast<int>(widest + 2) * drawing::character;
+    const int room = width_of(a.longest_text() + 1);
     const auto step = static_cast<std::size_t>((room + r.cell - 1) / r.cell);
     for (std::size_t i = 0; i < a.size(); i += step) {
         d.path("tick", point(r.middle(i), y) + "v5");
@@ -127,9 +130,9 @@ int draw_lanes(drawing& d, const std::vector<sweep_grid>& grids, int top) {
     for (const sweep_grid& grid : grids) {
         widest = std::max(widest, short_name(grid).size());
     }
-    const int left = left_margin + static_cast<int>(widest + 1) * drawing::character;
+    const int left = left_margin + width_of(widest + 1);
     const raster r{left, top + drawing::line + mark_height, cell_width(columns),
-                   row_height + 2 * mark_height + 2};
+                   row_height + 2 * mark_height + 6};
     const int right = r.x(columns.size()) + 2 * drawing::character;
     d.text(right, top + drawing::base, facts[0]);
     for (std::size_t i = 0; i < grids.size(); ++i) {
@@ -154,11 +157,7 @@ int draw_shmoo(drawing& d, const sweep_grid& grid, int top) {
     const axis& rows = *grid.rows;
     const auto best = best_in(grid);
     const auto present_row = present_in(rows);
-    std::size_t widest = 0;
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        widest = std::max(widest, rows.text(row).size());
-    }
-    const int left = left_margin + static_cast<int>(widest + 1) * drawing::character;
+    const int left = left_margin + width_of(rows.longest_text() + 1);
     const raster r{left, top + mark_height, cell_width(grid.columns), row_height};
     const int right = r.x(grid.columns.size()) + drawing::character;
     for (std::size_t place = 0; place < rows.size(); ++place) {
@@ -196,7 +195,7 @@ int draw_legend(drawing& d, const sweep_results& results, int top) {
     int x = left_margin;
     const auto place = [&](std::size_t characters) {
         const int here = x;
-        x += static_cast<int>(characters + 3) * drawing::character + most_cell;
+        x += width_of(characters + 3) + most_cell;
         return here;
     };
     for (const sign* each : signs_in(results.grids)) {
@@ -230,8 +229,11 @@ std::string plot_svg(const sweep_results& results) {
         d.text(left_margin, y, text, style);
         y += drawing::line;
     };
+    constexpr std::size_t most_characters = 130;
     const std::string title = title_of(results);
-    write(title, "head");
+    for (const std::string& line : in_lines(title, most_characters)) {
+        write(line, "head");
+    }
     for (const std::string& origin : origins_of(results)) {
         write(origin);
     }
@@ -245,7 +247,6 @@ std::string plot_svg(const sweep_results& results) {
         y = draw_lanes(d, results.grids, y);
     }
     y = draw_legend(d, results, y + drawing::line) + drawing::line;
-    constexpr std::size_t most_characters = 130;
     for (const sweep_grid& grid : results.grids) {
         for (const std::string& line : in_lines(words_for(grid, best_in(grid)), most_characters)) {
             write(line);

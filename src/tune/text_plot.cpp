@@ -20,7 +20,7 @@ struct mark {
 
 constexpr mark present_mark{"|", "│", "present"};
 constexpr mark best_mark{"^", "▲", "best"};
-constexpr mark both_mark{"@", "◆", "present and best"};
+constexpr mark both_mark{"@", "◆", "both"};
 
 std::string on(const canvas& where, const mark& m) {
     return where.utf8 ? m.utf8 : m.ascii;
@@ -78,24 +78,37 @@ std::string wrapped(const std::vector<std::string>& pieces, const canvas& c) {
 
 /** Where the signs of rows are. */
 struct frame {
-    frame(std::size_t points, std::size_t indent, const canvas& c, std::size_t right)
-        : left(indent), stride(stride_for(points, c.width - std::min(left + right, c.width - 1))),
-          size(stride_for(points, stride)) {}
+    /** @param right how many characters are needed behind the rows */
+    frame(const axis& a, std::size_t indent, const canvas& c, std::size_t right) : left(indent) {
+        const std::size_t room = c.width - std::min(left + right, c.width - 1);
+        stride = stride_for(a.size(), room);
+        count = stride_for(a.size(), stride);
+        // Few points, such as those of a mapped field, have a label each.
+        const std::size_t pitch_of_labels = a.longest_text() + 2;
+        if (count <= 8 && count * pitch_of_labels <= room) {
+            pitch = pitch_of_labels;
+        }
+    }
+
+    /** How many characters the rows have. */
+    std::size_t width() const { return (count - 1) * pitch + 1; }
 
     std::size_t left;
-    std::size_t stride; ///< how many points a sign stands for
-    std::size_t size;   ///< in signs
+    std::size_t stride;    ///< how many points a sign stands for
+    std::size_t count;     ///< of signs
+    std::size_t pitch = 1; ///< from a sign to the next one
 };
 
-/** Labels of an axis: at the first sign, and at all that have room behind the label before. */
+/** Labels of an axis: at the first sign, and at each that has room behind the label before. */
 std::string scale(const axis& a, const frame& f) {
-    std::size_t widest = 0;
-    for (std::size_t i = 0; i < f.size; ++i) {
-        widest = std::max(widest, a.text(i * f.stride).size());
-    }
+    const std::size_t step = f.pitch == 1 ? a.longest_text() + 3 : 1;
     std::string line(f.left, ' ');
-    for (std::size_t i = 0; i < f.size; i += widest + 3) {
-        line = padded(line, f.left + i) + "|" + a.text(i * f.stride);
+    for (std::size_t i = 0; i < f.count; i += step) {
+        const std::string label = std::string("|").append(a.text(i * f.stride));
+        const bool fits = i * f.pitch + label.size() <= f.width() || f.pitch != 1;
+        if (i == 0 || fits) {
+            line = padded(line, f.left + i * f.pitch) + label;
+        }
     }
     return line;
 }
@@ -105,9 +118,10 @@ std::string marks_below(const axis& a, const std::optional<best_point>& best, co
                         const canvas& c) {
     const std::optional<std::size_t> present = present_in(a);
     std::string line(f.left, ' ');
-    for (std::size_t i = 0; i < f.size; ++i) {
+    for (std::size_t i = 0; i < f.count; ++i) {
         line +=
-            mark_for(present && *present / f.stride == i, best && best->column / f.stride == i, c);
+            mark_for(present && *present / f.stride == i, best && best->column / f.stride == i, c) +
+            std::string(f.pitch - 1, ' ');
     }
     return as_line(line);
 }
@@ -135,21 +149,23 @@ std::string lanes_text(const std::vector<sweep_grid>& grids, const canvas& c) {
     }
     const axis& columns = grids.front().columns;
     const bool beside = c.width >= left + std::min(columns.size(), enough) + right;
-    const frame f(columns.size(), left, c, beside ? right : 0);
+    const frame f(columns, left, c, beside ? right : 0);
     std::string text;
+    const std::string labels = scale(columns, f);
+    const std::size_t width = std::max(f.width(), labels.size() - left);
     const auto add = [&](std::string line, const std::string& its_facts, const std::string& marks) {
         if (beside) {
-            line = padded(line, left + f.size) + "  " + its_facts;
+            line = padded(line, left + width) + "  " + its_facts;
         }
         text += as_line(line) + marks;
         if (!beside) {
             text += as_line("  " + its_facts);
         }
     };
-    add(scale(columns, f), facts[0], "");
+    add(labels, facts[0], "");
     for (std::size_t i = 0; i < grids.size(); ++i) {
         const std::string name = padded(short_name(grids[i]), left);
-        add(name + row_picture(grids[i], 0, f.stride, c), facts[i + 1],
+        add(name + row_picture(grids[i], 0, f.stride, c, f.pitch), facts[i + 1],
             marks_below(grids[i].columns, bests[i], f, c));
     }
     return text + note_of(f);
@@ -160,15 +176,13 @@ std::string shmoo_text(const sweep_grid& grid, const canvas& c) {
     const axis& rows = *grid.rows;
     const std::optional<best_point> best = best_in(grid);
     const std::optional<std::size_t> present = present_in(rows);
-    std::size_t left = 0;
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        left = std::max(left, rows.text(row).size() + 1);
-    }
-    const frame f(grid.columns.size(), left, c, 2); // a blank and a mark
+    const std::size_t left = rows.longest_text() + 1;
+    const frame f(grid.columns, left, c, 2); // a blank and a mark
     std::string text = rows.target().name() + "\n";
     for (std::size_t row = rows.size(); row-- > 0;) {
-        text += as_line(padded(rows.text(row), left) + row_picture(grid, row, f.stride, c) + " " +
-                        mark_for(present && *present == row, best && best->row == row, c));
+        text +=
+            as_line(padded(rows.text(row), left) + row_picture(grid, row, f.stride, c, f.pitch) +
+                    " " + mark_for(present && *present == row, best && best->row == row, c));
     }
     text += marks_below(grid.columns, best, f, c) + as_line(scale(grid.columns, f));
     text += std::string(left, ' ') + grid.columns.target().name() + "\n";
@@ -188,6 +202,9 @@ std::string legend(const sweep_results& results, const canvas& c) {
     for (const mark& each : {present_mark, best_mark, both_mark}) {
         pieces.push_back(on(c, each) + " " + each.word);
     }
+    if (results.logs.size() > 1) {
+        pieces.emplace_back("(present in the first log)");
+    }
     return wrapped(pieces, c);
 }
 
@@ -199,10 +216,8 @@ std::string plot_text(const sweep_results& results, const canvas& c) {
         text += cut_to(c.width, origin) + "\n";
     }
     text += "\n";
-    if (results.grids.front().rows) {
-        for (const sweep_grid& grid : results.grids) {
-            text += shmoo_text(grid, c);
-        }
+    if (results.grids.front().rows) { // a set has no rows: this is all
+        text += shmoo_text(results.grids.front(), c);
     } else {
         text += lanes_text(results.grids, c);
     }

@@ -66,7 +66,7 @@ TEST_F(Plot, HasTheWidthAndTheColorsOfItsTerminal) {
     if (!shown) {
         GTEST_SKIP() << no_terminal;
     }
-    EXPECT_THAT(shown->text(), HasSubstr("\r\n* passed  . not tried  x failed\r\n| present"));
+    EXPECT_THAT(shown->text(), HasSubstr("\r\n. not tried  * passed  x failed\r\n| present"));
     EXPECT_THAT(shown->text(), HasSubstr("\r\ndelay \033[0;31mx\033[0;32m***\033[0;31mx\033["));
     EXPECT_THAT(run_in_terminal(with(environment))->text(), HasSubstr(" present  ^ best  "));
     environment.back().second = "1";
