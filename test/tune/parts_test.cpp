@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "property/property_group.hpp"
@@ -119,6 +120,21 @@ TEST(WholeFile, KeepsWhatTheFileWas) {
     EXPECT_EQ(text_of(dir.file("tuning")), "after");
     EXPECT_EQ(std::filesystem::status(dir.file("tuning")).permissions(),
               std::filesystem::perms::owner_all);
+}
+
+TEST(WholeFile, IsRefusedWhereItsPathIsTooLong) {
+    const temp_dir dir;
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(dir.path());
+    const std::string name(250, 'd');
+    for (int depth = 0; depth < 20; ++depth) {
+        ASSERT_EQ(mkdir(name.c_str(), 0700), 0);
+        ASSERT_EQ(chdir(name.c_str()), 0);
+    }
+    write_whole("tuning", "before");
+    EXPECT_THAT([] { write_whole("tuning", "after"); },
+                ThrowsMessage<mistake>("tuning: File name too long"));
+    std::filesystem::current_path(here);
 }
 
 TEST(Knobs, EveryCodeOfEveryKnobIsReadAsItIsShown) {

@@ -114,6 +114,20 @@ TEST(SweepInOneBoot, DoesNotGoOnWhereItCannotBePutBack) {
     EXPECT_EQ(run.err, delay + " was set to 2 and holds 3\n" + delay + " = 7 # as before\n");
 }
 
+TEST(SweepInOneBoot, PutsNoVoltageBackThatIsOutsideTheLimits) {
+    const swept_board b;
+    const std::string volts = "cpu_regulator::microvolts";
+    EXPECT_EQ(b.begin({volts + "=1000000..1000001", "--", "true"}).status, 0);
+    std::string log = b.log();
+    log.erase(log.find("end complete"));
+    log.replace(log.find("1000000\n"), 7, "1300001");
+    write_text(b.log_file(), log);
+    const run_result run = b.go_on();
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "1300001 is outside the limits of " + volts + ", 800000 to 1300000\n");
+    EXPECT_EQ(b.held(volts), volts + " = 1000000\n");
+}
+
 TEST(SweepInOneBoot, TakesNoValuesBeforeThatAreCutOff) {
     const swept_board b;
     const std::string lanes = lane.substr(0, lane.size() - 1); // the set
@@ -343,8 +357,8 @@ TEST(SweepOnABoard, LeavesASignalIgnoredThatWas) {
 
 TEST(SweepOnABoard, PutsBackWhatNobodyElseHasSet) {
     const swept_board b;
-    const run_result run = b.begin(
-        {"mac-rx::delay=6", delay + "=3", "--", "sh", "-c", BRISEL_BUILD_DIR "/brisel mac-rx::delay 9"});
+    const run_result run = b.begin({"mac-rx::delay=6", delay + "=3", "--", "sh", "-c",
+                                    BRISEL_BUILD_DIR "/brisel mac-rx::delay 9"});
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.err, EndsWith("somebody else has set mac-rx::delay: 6 was tried, and it holds "
                                   "9, which is left there\n"));

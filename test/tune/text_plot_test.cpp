@@ -1,5 +1,7 @@
 #include "tune/text_plot.hpp"
 
+#include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -440,6 +442,31 @@ TEST(SweepResults, RefuseALogOfOtherPointsWithItsLine) {
                 ThrowsMessage<mistake>(StartsWith("two:4: no property: 'no-such'")));
     EXPECT_THAT(merged(head_of("--repeat=0 " + lane + " -- test", {lane + "=1"})),
                 ThrowsMessage<mistake>("two:4: --repeat takes a number from 1 to 100, not '0'"));
+}
+
+TEST(SweepResults, AreUnderstoodTheSameWayEverywhere) {
+    setenv("POSIXLY_CORRECT", "1", 1); // which ends options at the first word that is none
+    const knobs all;
+    const sweep_results results =
+        results_in(all, head_of("--repeat=5 " + lane + " --all -- test", {lane + "=1"}), "log");
+    unsetenv("POSIXLY_CORRECT");
+    EXPECT_EQ(results.words.sweep.repeat, 5U);
+    EXPECT_TRUE(results.words.all);
+    EXPECT_THAT(results.words.operands, testing::ElementsAre(lane));
+}
+
+TEST(SweepResults, LeaveOutThePointsOfOtherSweeps) {
+    const knobs all;
+    const std::string log = grid_log({"***"});
+    for (const std::string point :
+         {"mac-tx::delay=1", "mac-tx::delay=1 nonsense=2", "nonsense=1 mac-rx::delay=2",
+          "mac-tx::delay=16 mac-rx::delay=2", "mac-tx::delay=1 mac-rx::delay=9"}) {
+        const auto cells =
+            results_in(all, log + "try " + point + "\nfail 1 s\n", "log").grids[0].cells;
+        EXPECT_TRUE(std::none_of(cells.begin(), cells.end(), [](const point_result& cell) {
+            return cell.kind == verdict::fail;
+        })) << point;
+    }
 }
 
 TEST(SweepResults, CountTheLogsThatPassed) {

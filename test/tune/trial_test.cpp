@@ -2,6 +2,8 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -12,6 +14,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,6 +29,7 @@
 namespace trial_test {
 
 using testing::HasSubstr;
+using testing::ThrowsMessage;
 
 class Trial : public testing::Test {
 protected:
@@ -49,6 +53,29 @@ TEST_F(Trial, PassesWithStatusNothing) {
     trial t = shell("exit 0");
     EXPECT_EQ(t.run({}), run_end::passed);
     EXPECT_EQ(t.output(), "");
+}
+
+TEST_F(Trial, FindsItsCommandAsTheShellDoes) {
+    const std::string before = getenv("PATH");
+    const std::string folder = m_folder.path().string();
+    write_text(folder + "/a-test", "");
+    const auto refused = [] { return [] { check_command("a-test"); }; };
+    setenv("PATH", ("/no/folder:" + folder).c_str(), 1);
+    EXPECT_THAT(refused(),
+                ThrowsMessage<mistake>("cannot execute 'a-test': it is in no folder of PATH"));
+    chmod((folder + "/a-test").c_str(), 0755);
+    check_command("a-test");
+    check_command(folder + "/a-test");
+    // An empty one is the folder in which it is started.
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(folder);
+    setenv("PATH", "/no/folder:", 1);
+    check_command("a-test");
+    std::filesystem::current_path(here);
+    EXPECT_THAT(refused(), ThrowsMessage<mistake>(HasSubstr("in no folder")));
+    unsetenv("PATH");
+    check_command("sh"); // in /bin
+    setenv("PATH", before.c_str(), 1);
 }
 
 TEST_F(Trial, FailsWithAnyOther) {
