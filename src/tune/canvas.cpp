@@ -57,6 +57,7 @@ canvas canvas_of(int fd) {
         result.width = std::max(width, least);
     }
     result.utf8 = has_utf8();
-    result.color = can_redraw(fd) && variable("NO_COLOR").empty();
+    const bool is_refused = !variable("NO_COLOR").empty();
+    result.color = can_redraw(fd) && !is_refused;
     return result;
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::string_view style_sheet = R"(
+constexpr std::string_view page_style = R"(
 :root { color-scheme: light dark }
 body { font: 15px sans-serif; margin: 1em; color: #1a1a1a; background: #fff }
 div { overflow-x: auto }
@@ -28,7 +28,7 @@ std::string table_row(const std::vector<std::string>& cells, const char* name) {
 } // namespace
 
 std::string plot_html(const sweep_results& results) {
-    std::vector<std::string> cells = {"property"};
+    std::vector<std::string> cells(1, "property");
     cells.insert(cells.end(), fact_headings.begin(), fact_headings.end());
     cells.emplace_back("in words");
     std::string table = table_row(cells, "th");
@@ -43,7 +43,7 @@ std::string plot_html(const sweep_results& results) {
     const std::string title = title_of(results);
     return "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"en\">\n<head>\n"
            "<meta charset=\"utf-8\"/>\n" +
-           element("title", title) + "\n<style>" + std::string(style_sheet) +
+           element("title", title) + "\n<style>" + std::string(page_style) +
            "</style>\n</head>\n<body>\n<div>\n" + plot_svg(results) + "</div>\n<table>\n" + table +
            "</table>\n</body>\n</html>\n";
 }

@@ -12,7 +12,7 @@
 namespace {
 
 // Passes are blue and the others are not red or green: these hold up for the color-blind.
-constexpr std::string_view style_sheet = R"(
+constexpr std::string_view picture_style = R"(
 text { font: 13px monospace; fill: #1a1a1a; white-space: pre }
 .head { font-weight: bold }
 .sign { pointer-events: none; font-size: 11px }
@@ -252,5 +252,5 @@ std::string plot_svg(const sweep_results& results) {
             write(line);
         }
     }
-    return d.svg(title, style_sheet);
+    return d.svg(title, picture_style);
 }

@@ -27,7 +27,8 @@ struct sweep_task {
     std::optional<sweep_log> log;
 };
 
-std::string seconds_text(double seconds) {
+/** A number of seconds as an option takes it. */
+std::string option_text(double seconds) {
     char text[32];
     std::snprintf(text, sizeof text, "%.9g", seconds);
     return text;
@@ -47,8 +48,8 @@ std::vector<std::string> run_words(const command_line& words) {
     add("--no-control", !s.control);
     add("--stop=" + std::to_string(s.stop), s.stop != sweep_settings().stop);
     add("--repeat=" + std::to_string(s.repeat), s.repeat != 1);
-    add("--timeout=" + seconds_text(s.timeout.value_or(0)), s.timeout.has_value());
-    add("--settle=" + seconds_text(s.settle), s.settle != 0);
+    add("--timeout=" + option_text(s.timeout.value_or(0)), s.timeout.has_value());
+    add("--settle=" + option_text(s.settle), s.settle != 0);
     result.insert(result.end(), words.operands.begin(), words.operands.end());
     result.emplace_back("--");
     result.insert(result.end(), words.test.begin(), words.test.end());
@@ -61,7 +62,8 @@ sweep_task task_of(const command_line& words) {
         const std::string& file = words.operands.front();
         command_line rest = words;
         rest.operands.erase(rest.operands.begin());
-        if (run_words(rest).size() > 2 || words.output) { // more than "sweep" and "--"
+        const bool has_more = run_words(rest).size() > 2; // than "sweep" and "--"
+        if (has_more || words.output) {
             throw mistake("--continue takes a log, and axes, COMMAND, -o and the other options "
                           "from it");
         }

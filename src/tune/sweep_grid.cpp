@@ -76,7 +76,10 @@ std::vector<setting> sweep_grid::settings_at(std::size_t row, std::size_t column
 
 std::optional<std::size_t> sweep_grid::find(const std::vector<std::string>& words) const {
     const std::size_t axes = rows ? 2 : 1;
-    if (words.size() != axes || name_of_axis(words.front()) != columns.target().name()) {
+    if (words.size() != axes) {
+        return std::nullopt;
+    }
+    if (name_of_axis(words.front()) != columns.target().name()) {
         return std::nullopt;
     }
     std::size_t row = 0;

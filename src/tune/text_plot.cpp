@@ -59,7 +59,10 @@ std::string as_line(std::string text) {
 
 /** No more of a text than there is room for. */
 std::string cut_to(std::size_t width, const std::string& text) {
-    return text.size() <= width ? text : text.substr(0, width - 3) + "...";
+    if (text.size() <= width) {
+        return text;
+    }
+    return text.substr(0, width - 3) + "...";
 }
 
 /** Pieces in lines, with two blanks between each two. */

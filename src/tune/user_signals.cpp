@@ -42,10 +42,11 @@ user_signals::user_signals() {
     action.sa_handler = note;
     for (std::size_t i = 0; i < std::size(noted_signals); ++i) {
         sigaction(noted_signals[i], &action, &actions_before[i]);
-        if (actions_before[i].sa_handler == SIG_IGN && noted_signals[i] != SIGCHLD) {
+        if (actions_before[i].sa_handler == SIG_IGN) {
             std::signal(noted_signals[i], SIG_IGN); // as nohup wants it
         }
     }
+    sigaction(SIGCHLD, &action, nullptr); // in any case: it ends a wait
 }
 
 user_signals::~user_signals() {

@@ -117,7 +117,7 @@ const std::vector<axis_case> axis_cases = {
      {4},
      "'raw:3' stands in no range: its order is not known"},
     {"SameValueTwice", lane, "0,64", {64}, "d-0 is there twice"},
-    {"SameNumberTwice", "mac-tx::delay", "4,4", {64}, "'4' is there twice"},
+    {"SameNumberTwice", "mac-tx::delay", "4,4", {64}, "4 is there twice"},
     {"EmptyValueInAList",
      "mac-tx::delay",
      "4,",
@@ -186,6 +186,46 @@ TEST(Axis, OfASetMovesAllItsLanes) {
     EXPECT_THROW(axis(all.named(slice), "d-1", {63, 64, 64, 64, 64, 64, 64, 64}), mistake);
     EXPECT_THAT(codes(1), ElementsAre(0, 1, 65, 62, 126, 64, 2, 66)); // nothing changes
     EXPECT_THAT(codes(2), ElementsAre(65, 64, 66, 61, 127, 65, 1, 67));
+}
+
+TEST(Axis, FindsItsPoints) {
+    const knobs all;
+    const axis range(all.named(lane), "d-6..d+7/3", {64});
+    EXPECT_EQ(range.size(), 5U);
+    EXPECT_EQ(range.find("d-6"), 0U);
+    EXPECT_EQ(range.find("d+6"), 4U);
+    for (const char* const other : {"d-9", "d-5", "d+7", "d+9", "d+63", "x"}) {
+        EXPECT_EQ(range.find(other), range.size()) << other;
+    }
+    const axis list(all.named("mac-tx::delay"), "3,9,6", {3});
+    EXPECT_EQ(list.find("6"), 1U);
+    for (const char* const other : {"2", "4", "10", "16"}) {
+        EXPECT_EQ(list.find(other), list.size()) << other;
+    }
+}
+
+TEST(Axis, SaysWhatItIs) {
+    const knobs all;
+    const auto description = [&](const std::string& values) {
+        return axis(all.named("mac-tx::delay"), values, {3}).description();
+    };
+    EXPECT_EQ(description("3..3"), "1 point, 3");
+    EXPECT_EQ(description("3..9/3"), "3 points, 3 to 9");
+    EXPECT_EQ(description("9,3"), "2 points, 3, 9");
+}
+
+TEST(Axis, KnowsWhetherThePresentValueIsAPoint) {
+    const knobs all;
+    const auto has_present = [&](const std::string& values, std::uint32_t present) {
+        return axis(all.named(odt), values, {present}).has_present();
+    };
+    EXPECT_TRUE(has_present("", 4));
+    EXPECT_FALSE(has_present("40,120", 4));
+    EXPECT_TRUE(has_present("raw:3,raw:5", 5));
+    EXPECT_FALSE(has_present("raw:3,raw:5,40", 2));
+    const std::vector<std::uint32_t> held(8, 70);
+    EXPECT_TRUE(axis(all.named(slice), "d-2..d+2", held).has_present());
+    EXPECT_FALSE(axis(all.named(slice), "d+1..d+2", held).has_present());
 }
 
 } // namespace axis_test

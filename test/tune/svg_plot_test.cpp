@@ -112,6 +112,38 @@ TEST(SvgPlot, OfTwoAxesHasTheLastRowOnTop) {
     EXPECT_THAT(svg, HasSubstr(">rows: mac-rx::delay, [0-15]cycles, in cycles<"));
 }
 
+TEST(SvgPlot, OfTwoAxesMarksNothingThatIsNotThere) {
+    const knobs all;
+    const std::string rows = "mac-rx::delay";
+    const std::string log =
+        head_of(delay + "=0..3 " + rows + "=4..6 -- test", {delay + "=9", rows + "=9"}) +
+        row_of(delay + "=", 0, "xxxx", " " + rows + "=4");
+    const std::string svg = plot_svg(results_in(all, log, "log"));
+    EXPECT_EQ(count_of("class=\"frame\"", svg), 0U);
+    EXPECT_EQ(count_of("class=\"best\"", svg) + count_of("class=\"present\"", svg), 2U);
+    EXPECT_THAT(svg, Not(HasSubstr(">&lt; ")));
+}
+
+TEST(SvgPlot, NamesTheOffsetsOfASet) {
+    const knobs all;
+    const std::string set = "orlin-ddra-read0::dq";
+    const std::string svg = plot_svg(results_in(
+        all, head_of("--together " + set + " -- test", {set + "={64,65,66,67,68,69,70,71}"}),
+        "log"));
+    EXPECT_THAT(svg,
+                HasSubstr(">columns: " + set + ", offset to the delay of each lane, in steps<"));
+    const std::string lane =
+        plot_svg(results_in(all, head_of(set + "0 -- test", {set + "0=64"}), "log"));
+    EXPECT_THAT(lane, HasSubstr(">columns: " + set + "0, delay of a DQ lane, in steps<"));
+    const std::string volts = "cpu_regulator::microvolts";
+    const std::string uv = plot_svg(
+        results_in(all, head_of(volts + "=900000..900009 -- test", {volts + "=900000"}), "log"));
+    EXPECT_THAT(uv, HasSubstr(">columns: " + volts + ", output voltage, in uV<"));
+    const std::string rdqs =
+        plot_svg(results_in(all, head_of("mmc::rdqs -- test", {"mmc::rdqs=40"}), "log"));
+    EXPECT_THAT(rdqs, HasSubstr(">columns: mmc::rdqs, setting of the eMMC host<"));
+}
+
 TEST(HtmlPlot, HasThePictureAndATable) {
     const knobs all;
     const sweep_results results = results_in(all, plain_log(".***..."), "log");

@@ -297,6 +297,13 @@ TEST(SweepOnATerminal, ShowsHowFarItIs) {
     program.environment[program.environment.size() - 3].second = "20";
     EXPECT_THAT(run_in_terminal(program)->text(),
                 EndsWith("\r\033[Kdelay 2 to 3 pass, 2 points tried\r\n"));
+    // Of two axes the row's value stands for it.
+    program.words[3] += "-of-two-axes";
+    program.environment[program.environment.size() - 3].second = "80";
+    program.words.insert(program.words.begin() + 5, "mac-rx::delay=5");
+    EXPECT_THAT(run_in_terminal(program)->text(),
+                EndsWith("\r\033[K5 ** 2 to 3 pass, 2 points tried\r\n"));
+    program.words.erase(program.words.begin() + 5);
     // What is said otherwise stands in a line of its own.
     program.words[3] += "-interrupted";
     program.words.back() = "false";
@@ -416,6 +423,8 @@ TEST(SweepLogOnABoard, TakesNoAxesBesideALog) {
     EXPECT_EQ(b.go_on({"--", "true"}).err, err);
     EXPECT_EQ(b.go_on({"-o", "x"}).err, err);
     EXPECT_EQ(b.go_on({"--repeat=2"}).err, err);
+    EXPECT_EQ(run_tune(b.on_board(), {"sweep", "-o", "/no/log", delay, "--", "true"}).err,
+              "/no/log: No such file or directory\n");
     EXPECT_EQ(run_tune(b.on_board(), {"sweep", "--continue", "/no/log"}).err,
               "/no/log: No such file or directory\n");
 }

@@ -31,8 +31,9 @@ inline std::string head_of(const std::string& run, const std::vector<std::string
 inline std::string row_of(const std::string& name, int from, const std::string& signs,
                           const std::string& behind = "") {
     const std::map<char, std::string> verdicts = {
-        {'*', "pass 0.1 s\n"},     {'x', "fail 0.1 s\n| wrong\n"}, {'t', "timeout 0.1 s\n"},
-        {'n', "no-stick 0.1 s\n"}, {'u', "fail 0.1 s\nunsound\n"}, {'H', ""}};
+        {'*', "pass 0.1 s\n"},       {'x', "fail 0.1 s\n| wrong\n"}, {'t', "timeout 0.1 s\n"},
+        {'n', "no-stick 0.1 s\n"},   {'u', "fail 0.1 s\nunsound\n"}, {'H', ""},
+        {'i', "interrupted 0.1 s\n"}};
     const bool signs_numbers = name.ends_with('d');
     std::string text;
     for (const char sign : signs) {

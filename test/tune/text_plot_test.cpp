@@ -214,7 +214,7 @@ each sign: the worst of 4 points
 × failed  t timed out  H hung  │ present
 ▲ best  ◆ both
 )"},
-    {"SliceInTwoHundredColumns", {slice_log()}, {200, true, false}, R"(
+    {"SliceInAWideTerminal", {slice_log()}, {200, true, false}, R"(
 orlin-ddra-read0::dq: test
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
 
@@ -348,6 +348,61 @@ Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
     |40  |60  |120 |0  window  middle  margins
 odt .    *    .    x   60      60      0 and 0
          @
+
+. not tried  * passed  x failed  | present  ^ best  @ both
+)"},
+    {"KeysOfAMappedFieldInTwentyColumns",
+     {head_of("orlin-ddra::odt -- test", {"orlin-ddra::odt=60"})},
+     {20, false, false},
+     R"(
+orlin-ddra::odt: ...
+Board (board1, ar...
+
+    |40
+  window     middle  margins
+odt ....
+     |
+  not tried
+
+. not tried
+| present  ^ best
+@ both
+)"},
+    {"PointThatWasInterrupted", {lane_log("...***i")}, ascii, R"(
+orlin-ddra-read0::dq3: memtester 64M 1
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC
+
+    |d-8  |d-2  |d+4   window      middle  margins
+dq3 ...***...........  d-5 to d-3  d-4     1 and 1
+        ^   |
+
+. not tried  * passed  | present  ^ best  @ both
+)"},
+    {"LogWithoutAMachine",
+     {"brisel-tune sweep log, format 1\nrun sweep " + lane +
+      "=d-8..d+8 -- test\nsession today, boot b\nbefore " + lane + "=64\n"},
+     ascii,
+     R"(
+orlin-ddra-read0::dq3: test
+today, not complete
+
+    |d-8  |d-2  |d+4   window     middle  margins
+dq3 .................  not tried
+            |
+
+. not tried  | present  ^ best  @ both
+)"},
+    {"SetTogether",
+     {head_of("--together " + set + "=d-8..d+8 -- test", {set + "={64,65,66,67,68,69,70,71}"}) +
+      row_of(set + "=d", -4, "xxx***x")},
+     ascii,
+     R"(
+orlin-ddra-read0::dq: test
+Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
+
+   |d-8  |d-2  |d+4   window      middle  margins
+dq ....xxx***x......  d-1 to d+1  d+0     1 and 1
+           @
 
 . not tried  * passed  x failed  | present  ^ best  @ both
 )"},
