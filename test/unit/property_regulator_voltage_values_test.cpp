@@ -83,6 +83,8 @@ const request_row refused_voltages[] = {
     {"TooHigh", "2000000", "2000000"},
     {"RaisedBeyondTheLimit", "1300001", "1310000"},
     {"TooLow", "790000", "790000"},
+    {"LessThanAStep", "1", "10000"},
+    {"AStep", "10000", "10000"},
     {"Zero", "0", "0"},
     {"NegativeBecomesZero", "-900000", "0"},
     {"SlightlyNegativeBecomesZero", "-1", "0"},
