@@ -7,8 +7,8 @@
 #include "property/property.hpp"
 #include "property/property_group.hpp"
 #include "property/property_regulator_voltage.hpp"
-#include "tune/facts.hpp"
-#include "tune/knobs.hpp"
+#include "tune/knob/facts.hpp"
+#include "tune/knob/knobs.hpp"
 
 /*
  * Writes what the program knows of its properties: a page for readers, and a table for the

@@ -2,11 +2,11 @@
 
 #include "targets/registered_fields.hpp"
 #include "targets/targets.hpp"
-#include "tune/html_plot.hpp"
-#include "tune/mistake.hpp"
-#include "tune/shell_words.hpp"
-#include "tune/sweep_results.hpp"
-#include "tune/text_plot.hpp"
+#include "tune/plot/html_plot.hpp"
+#include "tune/plot/text_plot.hpp"
+#include "tune/text/mistake.hpp"
+#include "tune/text/shell_words.hpp"
+#include "tune/window/sweep_results.hpp"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "targets/registered_fields.hpp"
 #include "targets/targets.hpp"
-#include "tune/knobs.hpp"
-#include "tune/mistake.hpp"
-#include "tune/tuning.hpp"
-#include "tune/value_text.hpp"
+#include "tune/knob/knobs.hpp"
+#include "tune/knob/tuning.hpp"
+#include "tune/knob/value_text.hpp"
+#include "tune/text/mistake.hpp"
 
 namespace {
 

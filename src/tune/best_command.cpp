@@ -1,8 +1,8 @@
-#include "tune/best_point.hpp"
 #include "tune/commands.hpp"
-#include "tune/console.hpp"
-#include "tune/sweep_results.hpp"
-#include "tune/value_text.hpp"
+#include "tune/knob/value_text.hpp"
+#include "tune/text/console.hpp"
+#include "tune/window/best_point.hpp"
+#include "tune/window/sweep_results.hpp"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include <algorithm>
 #include <optional>
 
-#include "tune/board_hold.hpp"
+#include "tune/board/board_hold.hpp"
 #include "tune/commands.hpp"
-#include "tune/console.hpp"
-#include "tune/read_text.hpp"
-#include "tune/table.hpp"
-#include "tune/tuning.hpp"
-#include "tune/value_text.hpp"
+#include "tune/knob/tuning.hpp"
+#include "tune/knob/value_text.hpp"
+#include "tune/text/console.hpp"
+#include "tune/text/read_text.hpp"
+#include "tune/text/table.hpp"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include "property/property.hpp"
 #include "tune/commands.hpp"
-#include "tune/console.hpp"
-#include "tune/facts.hpp"
-#include "tune/table.hpp"
+#include "tune/knob/facts.hpp"
+#include "tune/text/console.hpp"
+#include "tune/text/table.hpp"
 
 namespace {
 

@@ -11,12 +11,12 @@
 #include "process/standard_descriptors.hpp"
 #include "property/property.hpp"
 #include "property/property_group.hpp"
-#include "tune/child.hpp"
+#include "tune/board/child.hpp"
 #include "tune/commands.hpp"
-#include "tune/console.hpp"
-#include "tune/mistake.hpp"
-#include "tune/options.hpp"
-#include "tune/text.hpp"
+#include "tune/text/console.hpp"
+#include "tune/text/mistake.hpp"
+#include "tune/text/options.hpp"
+#include "tune/text/text.hpp"
 
 namespace {
 

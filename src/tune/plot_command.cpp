@@ -1,14 +1,14 @@
 #include <unistd.h>
 
-#include "tune/canvas.hpp"
 #include "tune/commands.hpp"
-#include "tune/console.hpp"
-#include "tune/html_plot.hpp"
-#include "tune/mistake.hpp"
-#include "tune/svg_plot.hpp"
-#include "tune/text.hpp"
-#include "tune/text_plot.hpp"
-#include "tune/whole_file.hpp"
+#include "tune/plot/canvas.hpp"
+#include "tune/plot/html_plot.hpp"
+#include "tune/plot/svg_plot.hpp"
+#include "tune/plot/text_plot.hpp"
+#include "tune/text/console.hpp"
+#include "tune/text/mistake.hpp"
+#include "tune/text/text.hpp"
+#include "tune/text/whole_file.hpp"
 
 tune_status plot_sweep(const knobs& all, const command_line& words) {
     const std::string file = words.output.value_or("");

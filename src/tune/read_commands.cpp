@@ -1,12 +1,12 @@
 #include <algorithm>
 
-#include "tune/board_hold.hpp"
+#include "tune/board/board_hold.hpp"
 #include "tune/commands.hpp"
-#include "tune/console.hpp"
-#include "tune/machine.hpp"
-#include "tune/mistake.hpp"
-#include "tune/value_text.hpp"
-#include "tune/whole_file.hpp"
+#include "tune/knob/value_text.hpp"
+#include "tune/text/console.hpp"
+#include "tune/text/machine.hpp"
+#include "tune/text/mistake.hpp"
+#include "tune/text/whole_file.hpp"
 
 namespace {
 

@@ -1,19 +1,19 @@
 #include <algorithm>
 #include <functional>
 
-#include "tune/board_hold.hpp"
-#include "tune/change.hpp"
+#include "tune/board/board_hold.hpp"
+#include "tune/board/change.hpp"
+#include "tune/board/lane_watch.hpp"
 #include "tune/commands.hpp"
-#include "tune/console.hpp"
-#include "tune/lane_watch.hpp"
-#include "tune/machine.hpp"
-#include "tune/mistake.hpp"
-#include "tune/read_text.hpp"
-#include "tune/sweep_log.hpp"
-#include "tune/sweep_results.hpp"
-#include "tune/text.hpp"
-#include "tune/tuning.hpp"
-#include "tune/value_text.hpp"
+#include "tune/knob/tuning.hpp"
+#include "tune/knob/value_text.hpp"
+#include "tune/text/console.hpp"
+#include "tune/text/machine.hpp"
+#include "tune/text/mistake.hpp"
+#include "tune/text/read_text.hpp"
+#include "tune/text/text.hpp"
+#include "tune/window/sweep_log.hpp"
+#include "tune/window/sweep_results.hpp"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tune/axis.hpp"
+#include "tune/window/axis.hpp"
 
 #include <cstdint>
 #include <string>
@@ -7,8 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tune/knobs.hpp"
-#include "tune/mistake.hpp"
+#include "tune/knob/knobs.hpp"
+#include "tune/text/mistake.hpp"
 
 namespace axis_test {
 

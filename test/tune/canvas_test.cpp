@@ -1,4 +1,4 @@
-#include "tune/canvas.hpp"
+#include "tune/plot/canvas.hpp"
 
 #include <cstdlib>
 #include <map>

@@ -1,4 +1,4 @@
-#include "tune/svg_plot.hpp"
+#include "tune/plot/svg_plot.hpp"
 
 #include <string>
 #include <vector>
@@ -6,10 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tune/drawing.hpp"
-#include "tune/html_plot.hpp"
+#include "tune/plot/drawing.hpp"
+#include "tune/plot/html_plot.hpp"
 #include "tune/sweep_text.hpp"
-#include "tune/xml.hpp"
+#include "tune/text/xml.hpp"
 
 namespace svg_plot_test {
 

@@ -1,4 +1,4 @@
-#include "tune/sweep_grid.hpp"
+#include "tune/window/sweep_grid.hpp"
 
 #include <string>
 #include <vector>
@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tune/mistake.hpp"
-#include "tune/tuning.hpp"
+#include "tune/knob/tuning.hpp"
+#include "tune/text/mistake.hpp"
 
 namespace sweep_grid_test {
 

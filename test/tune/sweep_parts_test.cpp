@@ -6,13 +6,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tune/mistake.hpp"
-#include "tune/outward_search.hpp"
-#include "tune/precautions.hpp"
-#include "tune/shell_words.hpp"
-#include "tune/sweep_log.hpp"
-#include "tune/text.hpp"
-#include "tune/verdict.hpp"
+#include "tune/sweep/precautions.hpp"
+#include "tune/text/mistake.hpp"
+#include "tune/text/shell_words.hpp"
+#include "tune/text/text.hpp"
+#include "tune/window/outward_search.hpp"
+#include "tune/window/sweep_log.hpp"
+#include "tune/window/verdict.hpp"
 
 // The parts of a sweep that need no board.
 

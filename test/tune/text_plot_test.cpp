@@ -1,4 +1,4 @@
-#include "tune/text_plot.hpp"
+#include "tune/plot/text_plot.hpp"
 
 #include <algorithm>
 #include <cstdlib>
@@ -9,11 +9,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tune/mistake.hpp"
-#include "tune/plot_words.hpp"
-#include "tune/row_picture.hpp"
-#include "tune/signs.hpp"
+#include "tune/plot/plot_words.hpp"
+#include "tune/plot/row_picture.hpp"
+#include "tune/plot/signs.hpp"
 #include "tune/sweep_text.hpp"
+#include "tune/text/mistake.hpp"
 
 namespace text_plot_test {
 

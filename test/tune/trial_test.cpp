@@ -1,4 +1,4 @@
-#include "tune/trial.hpp"
+#include "tune/sweep/trial.hpp"
 
 #include <chrono>
 #include <csignal>
@@ -21,8 +21,8 @@
 #include "support/limited.hpp"
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
-#include "tune/mistake.hpp"
-#include "tune/user_signals.hpp"
+#include "tune/sweep/user_signals.hpp"
+#include "tune/text/mistake.hpp"
 
 // A run of a test, with the shell as the test.
 

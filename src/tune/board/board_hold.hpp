@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "tune/board/hardware.hpp"
+#include "tune/board/lock.hpp"
+
+/** Holds the lock for as long as it lives, for work on these knobs. */
+class board_hold {
+public:
+    /** @throw mistake when there is no lock or no memory device node */
+    board_hold(const std::vector<const knob*>& for_these, std::optional<double> wait_seconds) {
+        check_node(for_these);
+        take_lock(wait_seconds);
+    }
+    /** Waits as long as it takes, and says nothing of it. */
+    static board_hold quietly(const std::vector<const knob*>& for_these) {
+        return board_hold(for_these);
+    }
+    ~board_hold() { release_lock(); }
+    board_hold(const board_hold&) = delete;
+    board_hold& operator=(const board_hold&) = delete;
+
+private:
+    explicit board_hold(const std::vector<const knob*>& for_these) {
+        check_node(for_these);
+        take_lock(std::nullopt, true);
+    }
+};
