@@ -1,6 +1,7 @@
 #include "cli/process.hpp"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <system_error>
 
@@ -58,6 +59,10 @@ pid_t start(const program_start& program) {
         if (program.leads_group) {
             setpgid(0, 0);
         }
+        for (const int number : {SIGINT, SIGQUIT, SIGTERM}) {
+            std::signal(number, SIG_DFL);
+        }
+        std::signal(SIGHUP, program.ignores_hangup ? SIG_IGN : SIG_DFL);
         alarm(time_limit);
         const rlimit none{};
         setrlimit(RLIMIT_CORE, &none);

@@ -42,6 +42,10 @@ struct program_start {
 
     /** It begins a process group of its own, as it does when a shell in a terminal starts it. */
     bool leads_group = false;
+
+    /** SIGHUP is ignored, as nohup wants it. Signals that this process ignores are not otherwise.
+     */
+    bool ignores_hangup = false;
 };
 
 /**

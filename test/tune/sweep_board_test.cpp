@@ -356,9 +356,8 @@ TEST(SweepOnABoard, LeavesASignalIgnoredThatWas) {
     program_start program = b.on_board().launch_bare(
         {"sweep", "-o", b.log_file(), delay + "=3", "--", "sh", "-c", "kill -HUP $PPID"}, "",
         "brisel-tune");
-    std::signal(SIGHUP, SIG_IGN); // as nohup does
+    program.ignores_hangup = true;
     const run_result run = b.on_board().capture(std::move(program));
-    std::signal(SIGHUP, SIG_DFL);
     EXPECT_EQ(run.status, 0);
 }
 

@@ -33,6 +33,16 @@ using testing::ThrowsMessage;
 
 class Trial : public testing::Test {
 protected:
+    /** However these tests were started: what is ignored stays so. */
+    class default_signals {
+    public:
+        default_signals() {
+            for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+                std::signal(number, SIG_DFL);
+            }
+        }
+    };
+
     /** A run of a script of the shell. */
     static trial shell(const std::string& script) {
         return trial({"sh", "-c", script}, {{"BRISEL_NAME", "mac"}, {"BRISEL_VALUE", "5"}});
@@ -45,6 +55,7 @@ protected:
         }
     }
 
+    const default_signals m_default;
     const user_signals m_signals;
     const temp_dir m_folder;
 };
