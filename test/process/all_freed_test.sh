@@ -49,6 +49,10 @@ if [ "$(basename "$program")" = brisel-tune ]; then
     check diff "$work/tuning"
     check apply "$work/tuning"
     check apply "$work/none"
+    check sweep -o "$work/eye.log" mac-tx::delay=1..3 mac-rx::delay=4..5 -- true
+    check best "$work/eye.log"
+    check plot "$work/eye.log"
+    check plot -o "$work/eye.html" "$work/eye.log"
     export BRISEL_BOARD_FAULTS='no-map mac-rx::delay'
     check set mac-tx::delay=5
     exit
