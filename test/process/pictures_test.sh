@@ -13,6 +13,7 @@ export BRISEL_BOARD="$dir/board"
 sweep() {
     log=$1
     shift
+    # shellcheck disable=SC2016 # for the shell of the test
     "$board" brisel-tune sweep --no-control -o "$log" "$@" -- \
         sh -c '[ "$BRISEL_VALUE" -lt 70 ] && : "<&>\" ]]>"' 2>/dev/null
 }

@@ -363,8 +363,9 @@ TEST(SweepOnABoard, LeavesASignalIgnoredThatWas) {
 
 TEST(SweepOnABoard, PutsBackWhatNobodyElseHasSet) {
     const swept_board b;
-    const run_result run = b.begin({"mac-rx::delay=6", delay + "=3", "--", "sh", "-c",
-                                    BRISEL_BUILD_DIR "/brisel mac-rx::delay 9"});
+    const std::string set_by_somebody_else = BRISEL_BUILD_DIR "/brisel mac-rx::delay 9";
+    const run_result run =
+        b.begin({"mac-rx::delay=6", delay + "=3", "--", "sh", "-c", set_by_somebody_else});
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.err, EndsWith("somebody else has set mac-rx::delay: 6 was tried, and it holds "
                                   "9, which is left there\n"));

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int margin = 16;
+constexpr int border = 16;
 
 /** ` name="12"`, for each. */
 std::string attributes(std::initializer_list<std::pair<const char*, int>> all) {
@@ -53,8 +53,8 @@ void drawing::path(std::string_view style, const std::string& path_data) {
 }
 
 void drawing::reach(int x, int y) {
-    m_width = std::max(m_width, x + margin);
-    m_height = std::max(m_height, y + margin);
+    m_width = std::max(m_width, x + border);
+    m_height = std::max(m_height, y + border);
 }
 
 std::string drawing::svg(std::string_view title, std::string_view style_sheet) const {

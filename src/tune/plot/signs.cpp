@@ -6,7 +6,7 @@
 namespace {
 
 struct sign_of_verdict {
-    verdict kind;
+    verdict kind = verdict::untried;
     sign its_sign;
 };
 

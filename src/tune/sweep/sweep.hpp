@@ -18,7 +18,7 @@
 struct sweep_end {
     std::string why; ///< for the log and the user, in lines
     tune_status status;
-    std::string verdict = ""; ///< of a point that has none in the log: a line
+    std::string verdict = {}; ///< of a point that has none in the log: a line
 };
 
 /**

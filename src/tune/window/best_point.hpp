@@ -8,8 +8,8 @@
 
 /** The point of a grid that is farthest from what does not pass. */
 struct best_point {
-    std::size_t row;
-    std::size_t column;
+    std::size_t row = 0;
+    std::size_t column = 0;
     window around; ///< in its row
 };
 
