@@ -38,7 +38,8 @@ of sweep:
 
 NAME is a property, a group, or a pattern such as 'i2c*'. VALUE is a number, d+N or d-N for the delay of
 a DQ lane, raw:N for a code that stands for no value, or {V,...} for a set. FILE may be -, for standard
-input. Exit status: 0 done; 1 a difference, a value that cannot be read, or all put back; 2 a mistake.
+input. Exit status: 0 done; 1 a difference, a value that cannot be read, all put back, or a sweep that
+ended early or found no pass; 2 a mistake.
 )";
 
 /** A command, its work, how many operands it takes, and the options beside --wait. */
@@ -68,8 +69,8 @@ constexpr command commands[] = {
      sweep_axes, 1, 2, "osrTSltcaCR"},
     {"best", "LOG...", "the middle of each lane's widest window, as a tuning", find_best, 1,
      most_logs, ""},
-    {"plot", "[-o FILE.svg|FILE.html] LOG...", "draws the eye of a sweep, or a grid of two knobs",
-     plot_sweep, 1, most_logs, "o"},
+    {"plot", "[-o FILE] LOG...", "draws the eye of a sweep; into FILE.svg or FILE.html", plot_sweep,
+     1, most_logs, "o"},
     {"restore", "[--force] LOG", "puts back what a sweep found", restore_values, 1, 1, "f"},
     {"apply", "[-n] FILE", "sets what differs, or nothing; -n shows what it would set",
      apply_tuning, 1, 1, "n"},

@@ -187,6 +187,15 @@ std::string session_lines(const std::vector<setting>& before) {
     return lines;
 }
 
+/** How a sweep that is complete has ended: each property has a point that passes, or not. */
+tune_status status_of(const std::vector<sweep_grid>& grids) {
+    const bool all_passed = std::all_of(grids.begin(), grids.end(), [](const sweep_grid& grid) {
+        return std::any_of(grid.cells.begin(), grid.cells.end(),
+                           [](const point_result& cell) { return cell.kind == verdict::pass; });
+    });
+    return all_passed ? tune_status::done : tune_status::differs;
+}
+
 /** Goes through all grids, and logs how that ends. */
 tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& log) {
     try {
@@ -197,11 +206,7 @@ tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& 
         return end.status;
     }
     log.write("end complete\n");
-    const bool all_passed = std::all_of(grids.begin(), grids.end(), [](const sweep_grid& grid) {
-        return std::any_of(grid.cells.begin(), grid.cells.end(),
-                           [](const point_result& cell) { return cell.kind == verdict::pass; });
-    });
-    return all_passed ? tune_status::done : tune_status::differs;
+    return status_of(grids);
 }
 
 } // namespace
@@ -210,8 +215,12 @@ tune_status sweep_axes(const knobs& all, const command_line& given) {
     sweep_task task = task_of(given);
     const command_line& words = task.words;
     if (task.log && task.log->complete && !words.sweep.retry_hangs) {
+        std::vector<sweep_grid> grids =
+            make_grids(all, words.operands, words.sweep.together,
+                       settings_of(values_before(all, *task.log, last_begun(*task.log))));
+        fill(grids, task.log->points);
         say("the sweep is complete: there is nothing left to be tried");
-        return tune_status::done;
+        return status_of(grids);
     }
     const std::vector<const knob*> targets = axis_targets(all, words.operands);
     std::vector<setting> before;

@@ -92,7 +92,7 @@ TEST_F(Plot, RefusesOtherFiles) {
     EXPECT_EQ(plot({"-o", "/no/folder/eye.svg", m_board.log_file()}).err,
               "/no/folder/eye.svg: No such file or directory\n");
     EXPECT_EQ(plot({m_board.log_file(), "/no/log"}).err, "/no/log: No such file or directory\n");
-    EXPECT_EQ(plot({}).err, "usage: brisel-tune plot [-o FILE.svg|FILE.html] LOG...\n");
+    EXPECT_EQ(plot({}).err, "usage: brisel-tune plot [-o FILE] LOG...\n");
 }
 
 } // namespace plot_test

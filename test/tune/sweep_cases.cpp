@@ -319,6 +319,13 @@ const std::vector<tune_case> sweep_cases = {
             "--repeat takes a number from 1 to 100, not '3x'\n"),
     refused("ExistingLog", {"sweep", "-o", "/dev/null", "mmc::rdqs", "--", "true"},
             "/dev/null exists; --continue goes on with a log\n"),
+    {.name = "CompleteSweepWithoutAPassHasFailed",
+     .args = {"sweep", "--continue", tuning_file},
+     .tuning = "brisel-tune sweep log, format 1\nrun sweep mac-tx::delay=2 -- true\n"
+               "session S, boot B\nbefore mac-tx::delay = 2\ntry mac-tx::delay=2\nfail 1 s\n"
+               "end complete\n",
+     .err = "the sweep is complete: there is nothing left to be tried\n",
+     .status = 1},
     {.name = "LogOfThreeAxesIsRefused",
      .args = {"sweep", "--continue", tuning_file},
      .tuning = "brisel-tune sweep log, format 1\nrun sweep a b c -- true\nsession S, boot B\n"
