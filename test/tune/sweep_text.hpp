@@ -48,4 +48,23 @@ inline std::string row_of(const std::string& name, int from, const std::string& 
     return text;
 }
 
+inline const std::string lane = "orlin-ddra-read0::dq3";
+
+/** The log of a lane from d-8 to d+8. */
+inline std::string lane_log(const std::string& signs, const std::string& present = "64") {
+    return head_of("--repeat=5 " + lane + "=d-8..d+8 -- memtester 64M 1", {lane + "=" + present}) +
+           row_of(lane + "=d", -8, signs) + "end complete\n";
+}
+
+/** The log of mac-tx::delay, with mac-rx::delay from 2 to 4 as the rows. */
+inline std::string grid_log(const std::vector<std::string>& rows, const std::string& tx = "5",
+                            const std::string& rx = "3") {
+    std::string text = head_of("mac-tx::delay mac-rx::delay=2..4 -- test",
+                               {"mac-tx::delay=" + tx, "mac-rx::delay=" + rx});
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        text += row_of("mac-tx::delay=", 0, rows[i], " mac-rx::delay=" + std::to_string(2 + i));
+    }
+    return text + "end complete\n";
+}
+
 } // namespace sweep_texts
