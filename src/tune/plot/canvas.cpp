@@ -17,7 +17,7 @@ std::string variable(const char* name) {
     return value == nullptr ? "" : value;
 }
 
-/** Whether the locale's name ends like "en_US.UTF-8": the first of these that is set decides. */
+/** Whether the locale's name ends like "en_US.UTF-8": of these, the last that is set decides. */
 bool has_utf8() {
     std::string locale;
     for (const char* const name : {"LANG", "LC_CTYPE", "LC_ALL"}) {

@@ -8,7 +8,7 @@
 
 /**
  * What stands for a verdict in a picture. Each has a sign of its own, so that nothing rests on a
- * colour.
+ * color.
  */
 struct sign {
     std::string_view ascii; ///< one character; of a part nothing: see `digit_of`
@@ -31,5 +31,5 @@ std::string words_for(const point_result& result);
 /** The one of two points that is shown where there is room for one: the worse of what was tried. */
 const point_result& worse(const point_result& a, const point_result& b);
 
-/** The signs of all points of grids, each once, from the best to the worst that was tried. */
+/** The signs of all points of grids, each once, in the order of the verdicts. */
 std::vector<const sign*> signs_in(const std::vector<sweep_grid>& grids);

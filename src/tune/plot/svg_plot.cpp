@@ -46,7 +46,7 @@ rect { stroke: #16191d }
 }
 )";
 
-constexpr int widest_row = 1080; // where its cells need not be narrower than their signs
+constexpr int widest_row = 1080; // unless so many cells of the least width need more
 constexpr int least_cell = 8;
 constexpr int most_cell = 18;
 constexpr int row_height = 18;
