@@ -6,11 +6,12 @@
 #include "tune/window/verdict.hpp"
 
 /**
- * The order in which the points of a row are tried: first the start, where the board works by now,
+ * The order in which the points of a row are tried: first the start, where the board works so far,
  * then the two sides in turn, a step at a time.
  *
- * After the first pass a side ends when so many points in a row did not pass. It always ends at a
- * hang, since each costs a reset. Where nothing within ten steps passes, the row is given up.
+ * After the first pass a side ends when so many points in a row did not pass, and at any time at a
+ * hang, since each costs a reset. Where nothing within ten steps passes, the row is given up. Where
+ * every point is tried, neither holds.
  */
 class outward_search {
 public:
