@@ -95,6 +95,9 @@ offers 'brisel-tune ' list get set save diff apply sweep best plot restore '!mac
 offers 'brisel-tune get orlin-ddra::od' 'orlin-ddra::odt'
 offers 'brisel-tune sweep orlin-ddra::od' 'orlin-ddra::odt'
 offers 'brisel-tune sweep -' --stop --continue '!--force'
+touch $work/eye.log
+offers "brisel-tune sweep --continue $work/ey" eye.log '!odt'
+offers "brisel-tune sweep -o $work/ey" eye.log '!odt'
 offers 'brisel-tune plot -' -o '!--force'
 offers 'brisel-tune save -' --all -o --wait '!json'
 

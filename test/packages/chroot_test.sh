@@ -37,7 +37,7 @@ in_chroot apt-get install -y -qq --no-install-recommends /tmp/brisel.deb mandoc 
 units=$root/etc/systemd/system/multi-user.target.wants
 [ -z "$(find "$root/etc" -name 'brisel*.service')" ]
 mkdir -p "$units"
-ln -s /lib/systemd/system/brisel-tune.service /lib/systemd/system/brisel-tune-survived.service "$units"
+ln -s /lib/systemd/system/brisel-tune.service "$units"
 
 # The board, with the packaged programs in the place of the built ones.
 mkdir -p "$root/opt/build"

@@ -1,9 +1,10 @@
 #!/bin/sh
-# A tuning is applied at boot, and not again before the system has come up with it.
+# A tuning is applied at boot, and not again before the system has come up with it: by the script of the
+# units, and by those that the guide has for busybox.
 #
-#   boot_test.sh LAUNCHER SCRIPT
+#   boot_test.sh LAUNCHER SCRIPT GUIDE
 set -eu
-launcher=$1 script=$2
+launcher=$1 script=$2 guide=$3
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -46,3 +47,47 @@ boot 0 4
 status=0
 "$launcher" sh "$script" survive 2>/dev/null || status=$?
 [ "$status" -eq 2 ]
+
+# guide_script N: the N-th script of the guide, for the files of this test.
+guide_script() {
+    awk -v wanted="$1" '/^```/ { inside = 0 } /^#!\/bin\/sh$/ { inside = ++number == wanted } inside' "$guide" |
+        sed -e "s|/etc/brisel/tuning.conf|$BRISEL_TUNING|; s|/var/lib/brisel/tuning-is-tried|$work/busybox/mark|" \
+            -e "s|/proc/sys/kernel/random/boot_id|$work/id|; s|/proc/cmdline|$work/cmdline|; s|/dev/kmsg|$work/said|"
+}
+guide_script 1 >"$work/S20"
+guide_script 2 >"$work/S99"
+[ -s "$work/S99" ]
+echo quiet >"$work/cmdline"
+at_boot() { "$launcher" sh "$work/S20" start; }
+at_end() {
+    "$launcher" sh "$work/S99" stop
+    "$launcher" sh "$work/S20" stop
+}
+delay() { "$launcher" brisel -r mac-tx::delay 2>/dev/null; }
+
+# Two boots that come up, one that does not, and those after it.
+for id in 1 2 3; do
+    "$launcher" -r true
+    echo "$id" >"$work/id"
+    at_boot
+    [ "$(delay)" = 4 ]
+    if [ "$id" -lt 3 ]; then
+        "$launcher" sh "$work/S99" start
+        at_end
+    fi
+done
+for id in 4 5; do
+    "$launcher" -r true
+    echo "$id" >"$work/id"
+    if at_boot; then exit 1; fi
+    grep -q 'a boot with it did not come up' "$work/said"
+    [ "$(delay)" = 2 ]
+    "$launcher" sh "$work/S99" start
+    at_end
+done
+
+# What is left out.
+rm "$work/busybox/mark"
+echo 'quiet brisel-tune.off' >"$work/cmdline"
+at_boot
+[ "$(delay)" = 2 ]

@@ -11,10 +11,12 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir "$work/multi-user.target.wants"
 for unit in "$folder"/*.service; do
-    name=$(basename "$unit")
-    sed "s|=/usr/lib/brisel/|=$folder/|" "$unit" >"$work/$name"
-    ln -s "../$name" "$work/multi-user.target.wants"
+    sed "s|=/usr/lib/brisel/|=$folder/|" "$unit" >"$work/$(basename "$unit")"
 done
+ln -s ../brisel-tune.service "$work/multi-user.target.wants"
+
+# Whatever starts the first one makes the mark, and so has to start the one that takes it away.
+grep -q '^Wants=.*brisel-tune-survived.service' "$work/brisel-tune.service"
 
 # The target is this machine's own, and what is said of its other units does not count.
 cd "$work"
