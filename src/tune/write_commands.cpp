@@ -77,9 +77,12 @@ std::vector<const knob*> watched(const std::vector<change>& changes, watch which
     return knobs;
 }
 
-/** @throw mistake as long as nothing is written */
+/**
+ * @param held signals that are kept away once something is written
+ * @throw mistake as long as nothing is written
+ */
 outcome carry_out(const knobs& all, const std::vector<tuning_line>& lines,
-                  const command_line& words, watch which) {
+                  const command_line& words, watch which, std::optional<held_signals>& held) {
     check_writable(lines);
     const std::vector<setting> wanted = settings_of(lines);
     const std::vector<const knob*> targets = targets_of(wanted);
@@ -93,6 +96,7 @@ outcome carry_out(const knobs& all, const std::vector<tuning_line>& lines,
         if (!words.dry_run) {
             lane_watch lanes(all, watched(result.changes, which));
             lanes.look();
+            held.emplace(user_signal_numbers);
             result.report = change_board(result.changes);
             result.strangers = lanes.changed(targets);
         }
@@ -105,12 +109,13 @@ tune_status bring_about(const knobs& all,
                         const std::function<std::vector<tuning_line>()>& read_lines,
                         const command_line& words, watch which) {
     outcome result;
+    std::optional<held_signals> held;
     try {
         const std::vector<tuning_line> lines = read_lines();
         if (lines.empty()) {
             say("there is no line that sets anything");
         }
-        result = carry_out(all, lines, words, which);
+        result = carry_out(all, lines, words, which, held);
     } catch (const mistake& problem) {
         throw mistake(std::string(problem.what()) + "\nnothing was written");
     }
@@ -118,8 +123,13 @@ tune_status bring_about(const knobs& all,
         say("nothing was written");
         return tune_status::differs;
     }
-    say(joined(result.strangers, "\n"));
     const change_report& report = result.report;
+    if (report.failure.empty()) {
+        held.reset();
+    } else {
+        held->keep(); // who interrupts is to be told, too, what the board holds
+    }
+    say(joined(result.strangers, "\n"));
     if (report.failure.empty()) {
         try {
             show(shown(result.changes, words.dry_run ? "is " : "was "));
@@ -166,10 +176,8 @@ tune_status restore_values(const knobs& all, const command_line& words) {
     const std::string& file = words.operands.front();
     const auto read_lines = [&] {
         const sweep_log log = parse_log(read_text(file), file);
-        const sweep_session* session = &log.sessions.front();
-        if (!words.force) {
-            session = session_of(log, boot_id());
-        }
+        const sweep_session* const session =
+            words.force ? &first_session(log) : session_of(log, boot_id());
         if (session == nullptr) {
             throw mistake(file +
                           ": nothing was swept in this boot; --force takes the first one's values");

@@ -144,4 +144,14 @@ INSTANTIATE_TEST_SUITE_P(By, InterruptedApply,
                                     std::get<1>(row.param);
                          });
 
+TEST(InterruptedAndFailingApply, SaysWhatTheBoardHolds) {
+    const board on_board(board_setup().fault("stuck mac-rx::delay 2"));
+    program_start set = on_board.launch_bare({"set", "mac-tx::delay=4", "mac-rx::delay=6"},
+                                             "signal mmap 5 SIGINT", "brisel-tune");
+    set.leads_group = true;
+    const run_result run = on_board.capture(std::move(set));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, testing::HasSubstr("all was put back:"));
+}
+
 } // namespace tune_failing_apply_test

@@ -6,6 +6,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "cli/texts.hpp"
@@ -49,6 +50,27 @@ TEST(TuneLock, IsWaitedForAsLongAsItTakes) {
     EXPECT_EQ(run.out, "mac-tx::delay = 2\n");
     EXPECT_THAT(run.err, testing::StartsWith("waiting for another instance"));
     EXPECT_EQ(run.status, 0);
+}
+
+TEST(TuneLock, IsNotHeldByAnInstanceThatIsStopped) {
+    for (const std::string command : {"get", "set"}) {
+        const board on_board;
+        const std::vector<std::string> words = {command,
+                                                command == "set" ? "mac-tx::delay=4" : "mac"};
+        program_start program = on_board.launch_bare(words, "signal mmap 1 SIGTSTP", "brisel-tune");
+        program.leads_group = true;
+        const descriptor null("/dev/null", O_RDWR);
+        program.in = null;
+        program.out = null;
+        program.err = null;
+        const pid_t process = start(program);
+        siginfo_t info{};
+        waitid(P_PID, static_cast<id_t>(process), &info, WSTOPPED | WEXITED | WNOWAIT);
+        EXPECT_EQ(info.si_code, CLD_STOPPED);
+        EXPECT_EQ(run_tune(on_board, {"get", "--wait", "0", "mac-rx::delay"}).status, 0);
+        kill(process, SIGCONT);
+        EXPECT_EQ(wait_for(process), 0);
+    }
 }
 
 TEST(TuneLock, KeepsTwoHundredInstancesApart) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include "property/property_group.hpp"
@@ -76,10 +77,16 @@ TEST(LockHolder, IsTheOneThatTheKernelNamesFirst) {
     const std::string locks = "1: FLOCK  ADVISORY  WRITE 12 08:02:56 0 EOF\n"
                               "2: FLOCK  ADVISORY  WRITE 34 08:02:5 0 EOF\n"
                               "2: -> FLOCK  ADVISORY  WRITE 56 08:02:5 0 EOF\n";
-    EXPECT_EQ(lock_holder(locks, 56), ", process 12");
-    EXPECT_EQ(lock_holder(locks, 5), ", process 34");
-    EXPECT_EQ(lock_holder(locks, 6), "");
-    EXPECT_EQ(lock_holder("", 5), "");
+    const auto holder_of = [&](unsigned minor, ino_t inode) {
+        struct stat file {};
+        file.st_dev = makedev(8, minor);
+        file.st_ino = inode;
+        return lock_holder(locks, file);
+    };
+    EXPECT_EQ(holder_of(2, 56), ", process 12");
+    EXPECT_EQ(holder_of(2, 5), ", process 34");
+    EXPECT_EQ(holder_of(2, 6), "");
+    EXPECT_EQ(holder_of(3, 5), ""); // of another file system
 }
 
 TEST(JsonText, HasItsQuotesMarked) {

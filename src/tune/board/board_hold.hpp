@@ -4,21 +4,23 @@
 #include <vector>
 
 #include "tune/board/hardware.hpp"
+#include "tune/board/held_signals.hpp"
 #include "tune/board/lock.hpp"
 
-/** Holds the lock for as long as it lives, for work on these knobs. */
+/** Holds the lock for as long as it lives, for work on these knobs. Meanwhile SIGTSTP waits. */
 class board_hold {
 public:
     /** @throw mistake when there is no lock or no memory device node */
     board_hold(const std::vector<const knob*>& for_these, std::optional<double> wait_seconds) {
         check_node(for_these);
         take_lock(wait_seconds);
+        m_stops.emplace({SIGTSTP});
     }
     /** Waits as long as it takes, and says nothing of it. */
     static board_hold quietly(const std::vector<const knob*>& for_these) {
         return board_hold(for_these);
     }
-    ~board_hold() { release_lock(); }
+    ~board_hold() { release_lock(); } // and then a stop may come
     board_hold(const board_hold&) = delete;
     board_hold& operator=(const board_hold&) = delete;
 
@@ -26,5 +28,8 @@ private:
     explicit board_hold(const std::vector<const knob*>& for_these) {
         check_node(for_these);
         take_lock(std::nullopt, true);
+        m_stops.emplace({SIGTSTP});
     }
+
+    std::optional<held_signals> m_stops; // from when the lock is held
 };

@@ -1,33 +1,14 @@
 #include "tune/board/change.hpp"
 
 #include <algorithm>
-#include <csignal>
 #include <iterator>
 #include <optional>
 
 #include "tune/board/child.hpp"
+#include "tune/board/held_signals.hpp"
 #include "tune/knob/value_text.hpp"
 
 namespace {
-
-/** Keeps the signals of a user away for as long as it lives; then they come. */
-class signals_held_back {
-public:
-    signals_held_back() {
-        sigset_t users;
-        sigemptyset(&users);
-        for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP}) {
-            sigaddset(&users, number);
-        }
-        sigprocmask(SIG_BLOCK, &users, &m_before);
-    }
-    ~signals_held_back() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
-    signals_held_back(const signals_held_back&) = delete;
-    signals_held_back& operator=(const signals_held_back&) = delete;
-
-private:
-    sigset_t m_before{};
-};
 
 /** What is written at once: fields of a register, or one file. */
 using step = std::vector<change>;
@@ -117,7 +98,7 @@ void put_back(const backwards& begin, const backwards& end, change_report& repor
 /** Takes one step after the other, or puts all back. */
 change_report take(const std::vector<step>& steps) {
     change_report report;
-    const signals_held_back held_back;
+    const held_signals held(user_signal_numbers);
     for (auto done = steps.begin(); done != steps.end(); ++done) {
         if (const auto why = write_and_check(settings(*done, &change::after))) {
             report.failure = *why;
@@ -164,7 +145,7 @@ change_report change_in_order(const std::vector<change>& changes) {
 change_report undo(const std::vector<change>& changes) {
     change_report report;
     const std::vector<step> steps = steps_in_order(changes);
-    const signals_held_back held_back;
+    const held_signals held(user_signal_numbers);
     put_back(steps.rbegin(), steps.rend(), report);
     return report;
 }

@@ -4,12 +4,15 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <string>
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <sys/time.h>
 #include <unistd.h>
 
@@ -66,12 +69,14 @@ bool lock_until(steady_clock::time_point end) {
 
 } // namespace
 
-std::string lock_holder(const std::string& locks, unsigned long inode) {
-    const std::size_t found = locks.find(std::string(":").append(std::to_string(inode)) + " 0 EOF");
-    if (found == std::string::npos) {
+std::string lock_holder(const std::string& locks, const struct stat& file) {
+    char name[64]; // " MAJOR:MINOR:INODE 0 EOF", the device in hexadecimal
+    std::snprintf(name, sizeof name, " %02x:%02x:%ju 0 EOF", major(file.st_dev), minor(file.st_dev),
+                  static_cast<std::uintmax_t>(file.st_ino));
+    const std::size_t place = locks.find(name);
+    if (place == std::string::npos) {
         return "";
     }
-    const std::size_t place = locks.rfind(' ', found);
     const std::size_t process = locks.rfind(' ', place - 1) + 1;
     return ", process " + locks.substr(process, place - process);
 }
@@ -94,7 +99,7 @@ void take_lock(std::optional<double> seconds, bool quiet) {
     }
     struct stat file {};
     fstat(lock_fd, &file);
-    const std::string by = lock_holder(read_text("/proc/locks", ""), file.st_ino);
+    const std::string by = lock_holder(read_text("/proc/locks", ""), file);
     if (most > patience) {
         say("waiting for another instance" + by);
         if (lock_until(after(most))) {

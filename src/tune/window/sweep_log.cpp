@@ -74,10 +74,19 @@ void take_line(sweep_log& log, std::string_view line, std::size_t number) {
 
 } // namespace
 
+const sweep_session& first_session(const sweep_log& log) {
+    const auto found = std::find_if(log.sessions.begin(), log.sessions.end(),
+                                    [](const sweep_session& s) { return !s.before.empty(); });
+    if (found == log.sessions.end()) {
+        throw mistake(log.where_end + ": the log ends before its first point");
+    }
+    return *found;
+}
+
 const sweep_session& last_begun(const sweep_log& log) {
     const auto found = std::find_if(log.sessions.rbegin(), log.sessions.rend(),
                                     [](const sweep_session& s) { return s.begun; });
-    return found == log.sessions.rend() ? log.sessions.front() : *found;
+    return found == log.sessions.rend() ? first_session(log) : *found;
 }
 
 const sweep_session* session_of(const sweep_log& log, const std::string& boot) {
@@ -112,9 +121,10 @@ sweep_log parse_log(std::string_view text, const std::string& where) {
             throw mistake(where + ":" + std::to_string(number) + ": " + problem.what());
         }
     }
-    if (log.sessions.empty() || log.sessions.front().before.empty() || log.run.empty()) {
-        throw mistake(where + ":" + std::to_string(number) +
-                      ": no log of a sweep, or one that ends before its first point");
+    log.where_end = where + ":" + std::to_string(number);
+    if (log.run.empty()) {
+        throw mistake(log.where_end + ": no log of a sweep, or one that ends before it says what "
+                                      "the sweep is");
     }
     return log;
 }

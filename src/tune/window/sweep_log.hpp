@@ -48,20 +48,27 @@ struct sweep_log {
     std::string machine;
     std::vector<std::string> run; ///< the command line behind the program's name
     std::string where_run;        ///< "FILE:LINE" of that
+    std::string where_end;        ///< the same of its end
     std::vector<sweep_session> sessions;
     std::vector<tried_point> points; ///< in their order
     bool complete = false;
     bool is_cut = false; ///< the last line has no end
 };
 
-/** The last session in which a point was tried; of a log without a point the first one. */
+/**
+ * The first session of a log that says what the properties held.
+ * @throw mistake where the log ends before that
+ */
+const sweep_session& first_session(const sweep_log& log);
+
+/** The last session in which a point was tried; of a log without a point the first, as above. */
 const sweep_session& last_begun(const sweep_log& log);
 
 /** The last session of a log in a boot in which a point was tried; null for none. */
 const sweep_session* session_of(const sweep_log& log, const std::string& boot);
 
 /**
- * Reads a log, which may be cut off anywhere behind the line that begins with "before".
+ * Reads a log, which may be cut off anywhere behind the line that begins with "run".
  * @param where the file's name, for messages
  * @throw mistake for what is no such log, with the line
  */
