@@ -6,6 +6,7 @@
 #include "tune/text/console.hpp"
 #include "tune/text/machine.hpp"
 #include "tune/text/mistake.hpp"
+#include "tune/text/text.hpp"
 #include "tune/text/whole_file.hpp"
 
 namespace {
@@ -14,6 +15,7 @@ namespace {
 struct listing {
     std::string lines;
     std::vector<std::string> missing; ///< "NAME: reason"
+    std::vector<std::string> to_say;  ///< of these one for each register
 };
 
 /** Adds the lines of knobs whose parts were read. */
@@ -32,6 +34,9 @@ void add_lines(const std::vector<const knob*>& wanted, const std::vector<reading
             found.lines += to_line(*k, codes) + "\n";
         } else {
             found.missing.push_back(k->name() + ": " + failed->reason);
+            if (!failed->repeated) {
+                found.to_say.push_back(found.missing.back());
+            }
         }
     }
 }
@@ -46,9 +51,7 @@ tune_status get_values(const knobs& all, const command_line& words) {
         const board_hold hold(parts, words.wait_seconds);
         add_lines(wanted, read_all(parts), found);
     }
-    for (const std::string& each : found.missing) {
-        say(each);
-    }
+    say(joined(found.to_say, "\n"));
     show(found.lines);
     return found.missing.empty() ? tune_status::done : tune_status::differs;
 }
@@ -86,8 +89,8 @@ tune_status save_values(const knobs& all, const command_line& words) {
             begin = end;
         }
     }
+    say(joined(found.to_say, "\n"));
     for (const std::string& each : found.missing) {
-        say(each);
         head += "# " + each + "\n";
     }
     if (words.output.value_or("-") != "-") {

@@ -90,9 +90,10 @@ const std::vector<tune_case> fault_cases_of_tune = {
     {.name = "WhatCannotBeReadBackIsPutBack",
      .args = {"set", "mac-tx::delay=4"},
      .board = board_setup().fault("fail mmap 5"),
-     .err = "map /dev/zeb_mem for address 0x10040004 failed: Operation not permitted\n"
-            "all was put back:\n"
-            "mac-tx::delay = 2 # as before\n",
+     .err =
+         "mac-tx::delay: map /dev/zeb_mem for address 0x10040004 failed: Operation not permitted\n"
+         "all was put back:\n"
+         "mac-tx::delay = 2 # as before\n",
      .status = 1,
      .accesses = {"read 0x10040004 0x00200001", "read 0x10040004 0x00200001",
                   "write 0x10040004 0x00400001", "read 0x10040004 0x00400001",
@@ -107,26 +108,46 @@ const std::vector<tune_case> fault_cases_of_tune = {
     {.name = "VoltageThatIsNotTakenIsRefused",
      .args = {"set", "cpu_regulator::microvolts=900000"},
      .board = board_setup().fault("no-write /sys/class/regulator/regulator.1/microvolts"),
-     .err = "/sys/class/regulator/regulator.1/microvolts: Permission denied\n"
+     .err = "cpu_regulator::microvolts: /sys/class/regulator/regulator.1/microvolts: Permission "
+            "denied\n"
             "all was put back:\n"
             "cpu_regulator::microvolts = 1000000 # as before\n",
      .status = 1},
     {.name = "RdqsThatCannotBeWrittenIsRefused",
      .args = {"set", "mmc::rdqs=50"},
      .board = board_setup().fault("no-write " + rdqs_file),
-     .err = rdqs_file + ": Permission denied\n"
-                        "all was put back:\n"
-                        "mmc::rdqs = 40 # as before\n",
+     .err = "mmc::rdqs: " + rdqs_file +
+            ": Permission denied\n"
+            "all was put back:\n"
+            "mmc::rdqs = 40 # as before\n",
      .status = 1},
+    {.name = "RegisterThatCannotBeReadIsReportedOnceByGet",
+     .args = {"get", "i2c0-delay::*"},
+     .board = board_setup().fault("no-map 0x10090110 EACCES"),
+     .err = "i2c0-delay::scl-delay: map /dev/zeb_mem for address 0x10090110 failed: Permission "
+            "denied\n",
+     .status = 1},
+    {.name = "FieldsThatCannotBeReadAnyMoreAreNotTakenForWhatTheyHeld",
+     .args = {"set", "i2c0-delay::sda-delay=1", "i2c0-delay::scl-delay=2"},
+     .board = board_setup().fault("fail mmap 3+"),
+     .err = "i2c0-delay::sda-delay: map /dev/zeb_mem for address 0x10090110 failed: Operation not "
+            "permitted\nnot everything could be put back:\n"
+            "i2c0-delay::sda-delay cannot be read: map /dev/zeb_mem for address 0x10090110 failed: "
+            "Operation not permitted # not put back to 2\n"
+            "i2c0-delay::scl-delay cannot be read: map /dev/zeb_mem for address 0x10090110 failed: "
+            "Operation not permitted # not put back to 1\n",
+     .status = 2,
+     .accesses = any_accesses},
     {.name = "WhatCannotBePutBackIsNamed",
      .args = {"set", "mac-tx::delay=4", "mac-rx::delay=6"},
      .board = board_setup().fault("fail mmap 9+"),
-     .err = "map /dev/zeb_mem for address 0x10040008 failed: Operation not permitted\n"
-            "not everything could be put back:\n"
-            "mac-rx::delay cannot be read: map /dev/zeb_mem for address 0x10040008 failed: "
-            "Operation not permitted # not put back to 5\n"
-            "mac-tx::delay cannot be read: map /dev/zeb_mem for address 0x10040004 failed: "
-            "Operation not permitted # not put back to 2\n",
+     .err =
+         "mac-rx::delay: map /dev/zeb_mem for address 0x10040008 failed: Operation not permitted\n"
+         "not everything could be put back:\n"
+         "mac-rx::delay cannot be read: map /dev/zeb_mem for address 0x10040008 failed: "
+         "Operation not permitted # not put back to 5\n"
+         "mac-tx::delay cannot be read: map /dev/zeb_mem for address 0x10040004 failed: "
+         "Operation not permitted # not put back to 2\n",
      .status = 2,
      .accesses = {"read 0x10040004 0x00200001", "read 0x10040008 0x00500001",
                   "read 0x10040004 0x00200001", "write 0x10040004 0x00400001",
@@ -143,7 +164,8 @@ const std::vector<tune_case> fault_cases_of_tune = {
     {.name = "VoltageThatTheDriverRefuses",
      .args = {"set", "cpu_regulator::microvolts=900000"},
      .board = board_setup().fault("fail write 1 EINVAL"),
-     .err = "/sys/class/regulator/regulator.1/microvolts: Invalid argument\n"
+     .err = "cpu_regulator::microvolts: /sys/class/regulator/regulator.1/microvolts: Invalid "
+            "argument\n"
             "all was put back:\n"
             "cpu_regulator::microvolts = 1000000 # as before\n",
      .status = 1},

@@ -90,6 +90,17 @@ TEST(Save, NotesWhatCannotBeRead) {
     EXPECT_EQ(saved.status, 1);
 }
 
+TEST(Save, NotesTheReasonForEachPropertyAndSaysItOnceForARegister) {
+    const board on_board(board_setup().fault("no-map 0x10090110 EACCES"));
+    const run_result saved = run_tune(on_board, {"save", "i2c0-delay::*"});
+    const std::string reason =
+        ": map /dev/zeb_mem for address 0x10090110 failed: Permission denied\n";
+    EXPECT_THAT(saved.out, testing::EndsWith("\n# i2c0-delay::scl-delay" + reason +
+                                             "# i2c0-delay::sda-delay" + reason));
+    EXPECT_EQ(saved.err, "i2c0-delay::scl-delay" + reason);
+    EXPECT_EQ(saved.status, 1);
+}
+
 TEST(Save, NamesEachGroupBeforeItIsRead) {
     const board on_board;
     EXPECT_EQ(run_tune(on_board, {"save", "--all"}).err,

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <map>
 #include <memory>
-#include <set>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -69,7 +69,7 @@ std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
     const shared_array<shared_reading>& shared = room_for(knobs.size());
     std::vector<reading> readings;
     readings.reserve(knobs.size());
-    std::set<const reg_info*> dead;
+    std::map<const reg_info*, std::string> dead; // and why
     while (readings.size() < knobs.size()) {
         const std::size_t begin = readings.size();
         if (!knobs[begin]->in_register()) {
@@ -91,17 +91,15 @@ std::vector<reading> read_all(const std::vector<const knob*>& knobs) {
         };
         const std::optional<std::string> why = run_in_child(read_them);
         for (std::size_t i = begin; i < end; ++i) {
-            reading one{knobs[i], std::nullopt, "", false};
-            const bool repeated = dead.contains(knobs[i]->reg);
+            reading& one = readings.emplace_back(reading{knobs[i], std::nullopt, "", false});
             if (shared[i].done) {
                 one.code = shared[i].code;
-            } else {
-                one.repeated = repeated;
-                one.reason = why.value_or("its register does not answer");
+                continue;
             }
-            readings.push_back(one);
-            if (!one.code && !repeated) {
-                dead.insert(knobs[i]->reg);
+            const auto [cause, is_new] = dead.emplace(knobs[i]->reg, why.value_or(""));
+            one.reason = cause->second;
+            one.repeated = !is_new;
+            if (is_new) {
                 break; // the next child begins behind it
             }
         }
@@ -130,14 +128,14 @@ bool report_unreadable(const std::vector<reading>& readings) {
 }
 
 std::optional<std::string> write_and_check(const std::vector<setting>& settings) {
-    if (auto why = run_in_child([&] { write_codes(settings); })) {
-        return why;
+    if (const auto why = run_in_child([&] { write_codes(settings); })) {
+        return settings.front().target->name() + ": " + *why;
     }
     const std::vector<const knob*> written = targets_of(settings);
     const std::vector<reading> now = read_all(written);
     for (std::size_t i = 0; i < settings.size(); ++i) {
         if (!now[i].code) {
-            return now[i].reason;
+            return written[i]->name() + ": " + now[i].reason;
         }
         if (*now[i].code != settings[i].code) {
             return written[i]->name() + " was set to " + to_text(*written[i], settings[i].code) +

@@ -13,7 +13,7 @@ struct reading {
     std::optional<std::uint32_t> code;
     std::string reason; ///< where there is no code
 
-    /** Set where this is not to be reported: the same register was before. */
+    /** Set where the same register has the same reason before: it need not be said again. */
     bool repeated = false;
 };
 

@@ -19,7 +19,8 @@ public:
     void look();
 
     /**
-     * Reads them again, and says which hold something else, though nobody set them. Under the lock.
+     * Reads them again, and says which hold something else, though nobody set them, and which can
+     * no longer be read. Under the lock.
      * @param but these, which were set
      */
     std::vector<std::string> changed(const std::vector<const knob*>& but);

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "platform/orlin/reg_bitmask_dq.hpp"
-#include "platform/orlin/reg_info_orlin_ddr.hpp"
 #include "property/property_file.hpp"
 #include "property/property_register.hpp"
 #include "property/property_regulator_voltage.hpp"
@@ -100,9 +99,9 @@ std::uint32_t knob::most() const {
     }
 }
 
-std::uint32_t knob::select_address() const {
-    const auto* const selected = dynamic_cast<const orlin::reg_info_orlin_ddr*>(reg);
-    return selected == nullptr ? 0 : selected->m_sel_addr;
+std::uint32_t knob::page() const {
+    constexpr std::uint32_t offset = 0xFFF;
+    return reg == nullptr ? 0 : reg->m_addr & ~offset;
 }
 
 std::vector<const knob*> knob::parts() const {

@@ -17,7 +17,7 @@ enum class knob_kind { field, mapped, read_only, lane, set, file, regulator };
 /**
  * A property as a thing to be tuned: where its value lies, and what it may be.
  *
- * The one place that asks a property, a field or a register for its kind. Values are unsigned
+ * The one place that asks a property or a field for its kind. Values are unsigned
  * 32-bit codes: for a register's field the bits as they stand in the word, shifted down; for a file
  * or a regulator the number itself. A set has no code of its own, but those of its lanes.
  */
@@ -44,8 +44,8 @@ struct knob {
     reg_info* reg = nullptr;      ///< of a register's field
     reg_bitmask* field = nullptr; ///< likewise
 
-    /** The address of the select register through which it is reached; 0 for none. */
-    std::uint32_t select_address() const;
+    /** The address of its register's page, 4 KiB; a DDR PHY has one to itself. 0 for a file's. */
+    std::uint32_t page() const;
 
     /** Of a set, in its order; filled by `knobs`. */
     std::vector<const knob*> lanes;
