@@ -6,7 +6,7 @@
 
 namespace {
 
-/** The lines of a tuning for a grid's best point. */
+/** The lines of a tuning for a grid's best point, but for the last one's end. */
 std::string lines_for(const sweep_grid& grid, const best_point& best) {
     std::string lines;
     if (grid.rows) {
@@ -22,7 +22,7 @@ std::string lines_for(const sweep_grid& grid, const best_point& best) {
     if (is_delay(k)) {
         lines += grid.columns.text(best.column) + ", ";
     }
-    return lines + window_text(grid, best) + oddities(grid, best) + "\n";
+    return lines + window_text(grid, best) + oddities(grid, best);
 }
 
 } // namespace
@@ -30,9 +30,15 @@ std::string lines_for(const sweep_grid& grid, const best_point& best) {
 tune_status find_best(const knobs& all, const command_line& words) {
     std::string lines;
     tune_status status = tune_status::done;
-    for (const sweep_grid& grid : read_results(all, words.operands).grids) {
+    const sweep_results results = read_results(all, words.operands);
+    for (const sweep_grid& grid : results.grids) {
         if (const auto best = best_in(grid)) {
             lines += lines_for(grid, *best);
+            if (results.logs.size() > 1 && grid.columns.target().kind == knob_kind::set) {
+                // The offset is for all boards; the delays to which it is added are one board's.
+                lines += "; for the delays in " + results.logs.front().name;
+            }
+            lines += "\n";
         } else {
             lines += "# " + grid.columns.target().name() + ": " + nothing_text(grid) + "\n";
             status = tune_status::differs;

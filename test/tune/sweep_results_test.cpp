@@ -123,6 +123,29 @@ TEST(SweepResults, DoNotDependOnTheOrderOfTheLogs) {
     EXPECT_EQ(kinds({1, 0, 2}), kinds({0, 1, 2}));
 }
 
+TEST(SweepResults, OfASetAreThoseThatTheLanesOfAllBoardsTake) {
+    const knobs all;
+    const auto log_with = [](const std::string& run, const std::string& first_lane) {
+        return head_of(run + " -- test", {slice + "={" + first_lane + ",64,64,64,64,64,64,64}"}) +
+               row_of(slice + "=d", 0, "***") + "end complete\n";
+    };
+    const std::string range = "--together " + slice + "=d-5..d+5";
+    const std::vector<std::string> logs = {log_with(range, "64"), log_with(range, "126")};
+    for (const bool reversed : {false, true}) {
+        sweep_results results = results_in(all, logs[reversed ? 1 : 0], "one");
+        merge(results, results_in(all, logs[reversed ? 0 : 1], "two"));
+        const sweep_grid& grid = results.grids.front();
+        const window found = widest_in(grid, 0);
+        EXPECT_EQ(text_of(grid.columns, found), "d+0 to d+1");
+    }
+    const auto other_steps = [&] {
+        sweep_results results = results_in(all, logs[0], "one");
+        merge(results, results_in(all, log_with(range + "/2", "64"), "two"));
+    };
+    EXPECT_THAT(other_steps,
+                ThrowsMessage<mistake>("two:4: not the same properties and values as in one"));
+}
+
 TEST(SweepResults, TakeTheTwoCodesOfNoDelayForOne) {
     const knobs all;
     sweep_results results = results_in(all, lane_log("*********", "64"), "one");

@@ -49,6 +49,7 @@ inline std::string row_of(const std::string& name, int from, const std::string& 
 }
 
 inline const std::string lane = "orlin-ddra-read0::dq3";
+inline const std::string slice = "orlin-ddra-read0::dq"; ///< of which it is
 
 /** The log of a lane from d-8 to d+8. */
 inline std::string lane_log(const std::string& signs, const std::string& present = "64") {

@@ -95,10 +95,32 @@ std::uint32_t axis::code_at(std::int64_t position) const {
     return static_cast<std::uint32_t>(position);
 }
 
+std::pair<std::int64_t, std::int64_t> axis::possible_offsets() const {
+    std::int64_t least = -most_delay;
+    std::int64_t most = most_delay;
+    for (const std::uint32_t code : m_present) {
+        least = std::max<std::int64_t>(least, -most_delay - to_signed_delay(code));
+        most = std::min<std::int64_t>(most, most_delay - to_signed_delay(code));
+    }
+    return {least, most};
+}
+
+void axis::refuse_offsets() const {
+    throw mistake("with each of these offsets a lane of " + m_target->name() + " would pass 63");
+}
+
 void axis::take_range(std::int64_t from, std::int64_t to, std::int64_t step) {
     constexpr auto most = static_cast<std::int64_t>(most_points);
     if (from > to) {
         throw mistake("the range of " + m_target->name() + " ends before it begins");
+    }
+    if (m_target->kind == knob_kind::set) {
+        const auto [least, most_offset] = possible_offsets();
+        from += std::max<std::int64_t>(0, (least - from + step - 1) / step) * step;
+        to = std::min(to, most_offset);
+        if (from > to) {
+            refuse_offsets();
+        }
     }
     if ((to - from) / step >= most) {
         throw mistake("the range of " + m_target->name() + " has more than " +
@@ -121,12 +143,6 @@ void axis::take_all() {
         from = m_target->least();
         to = m_target->most();
     }
-    if (m_target->kind == knob_kind::set) {
-        for (const std::uint32_t code : m_present) {
-            from = std::max<std::int64_t>(from, -most_delay - to_signed_delay(code));
-            to = std::min<std::int64_t>(to, most_delay - to_signed_delay(code));
-        }
-    }
     take_range(from, to, 1);
 }
 
@@ -145,33 +161,34 @@ void axis::take_values(std::string_view values) {
         const std::string_view to = values.substr(0, slash).substr(dots + 2);
         take_range(place(from), place(to), step);
     } else {
-        for (std::string_view rest = values;;) {
-            const std::size_t comma = std::min(rest.find(','), rest.size());
-            m_listed.push_back(parse_value(unit(), rest.substr(0, comma)).front());
-            if (comma == rest.size()) {
-                break;
-            }
-            rest.remove_prefix(comma + 1);
-        }
-        std::sort(m_listed.begin(), m_listed.end(),
-                  [this](std::uint32_t a, std::uint32_t b) { return is_before(a, b); });
-        const auto twice =
-            std::adjacent_find(m_listed.begin(), m_listed.end(),
-                               [this](std::uint32_t a, std::uint32_t b) { return is_same(a, b); });
-        if (twice != m_listed.end()) {
-            throw mistake(text(static_cast<std::size_t>(twice - m_listed.begin())) +
-                          " is there twice");
-        }
+        take_list(values);
     }
-    // Of a set these are offsets: each lane has to stay within its range.
+}
+
+void axis::take_list(std::string_view values) {
+    for (std::string_view rest = values;;) {
+        const std::size_t comma = std::min(rest.find(','), rest.size());
+        m_listed.push_back(parse_value(unit(), rest.substr(0, comma)).front());
+        if (comma == rest.size()) {
+            break;
+        }
+        rest.remove_prefix(comma + 1);
+    }
+    std::sort(m_listed.begin(), m_listed.end(),
+              [this](std::uint32_t a, std::uint32_t b) { return is_before(a, b); });
+    const auto twice =
+        std::adjacent_find(m_listed.begin(), m_listed.end(),
+                           [this](std::uint32_t a, std::uint32_t b) { return is_same(a, b); });
+    if (twice != m_listed.end()) {
+        throw mistake(text(static_cast<std::size_t>(twice - m_listed.begin())) + " is there twice");
+    }
     if (m_target->kind == knob_kind::set) {
-        for (std::size_t i = 0; i < size(); ++i) {
-            for (const std::uint32_t present : m_present) {
-                if (std::abs(to_signed_delay(present) + to_signed_delay(code(i))) > most_delay) {
-                    throw mistake("with " + text(i) + " a lane of " + m_target->name() +
-                                  " would pass 63");
-                }
-            }
+        std::erase_if(m_listed, [this](std::uint32_t code) {
+            const auto [least, most] = possible_offsets();
+            return position(code) < least || most < position(code);
+        });
+        if (m_listed.empty()) {
+            refuse_offsets();
         }
     }
 }

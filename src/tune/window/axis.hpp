@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tune/knob/knob.hpp"
@@ -13,7 +14,9 @@
  * The values of a property that a sweep tries, in their natural order: a lane's by the delay from
  * -63 to +63, a mapped field's by its keys, 0 (off) last, and others by the number.
  *
- * For a set, whose lanes are moved together, they are offsets, written as a lane's delay.
+ * For a set, whose lanes are moved together, they are offsets, written as a lane's delay. The axis
+ * then ends where a lane would pass 63, whatever values are asked for: with those of another boot
+ * it may be longer or shorter.
  */
 class axis {
 public:
@@ -76,9 +79,14 @@ private:
     /** Whether a code comes before another one. */
     bool is_before(std::uint32_t a, std::uint32_t b) const;
     std::uint32_t code_at(std::int64_t position) const;
+
+    /** Of a set the smallest and the largest offset with which no lane passes 63. */
+    std::pair<std::int64_t, std::int64_t> possible_offsets() const;
+    [[noreturn]] void refuse_offsets() const;
     void take_range(std::int64_t from, std::int64_t to, std::int64_t step);
     void take_all();
     void take_values(std::string_view values);
+    void take_list(std::string_view values);
 
     const knob* m_target;
     std::vector<std::uint32_t> m_present;
