@@ -122,8 +122,11 @@ std::vector<setting> put_back_first(const knobs& all, const std::vector<const kn
     return before;
 }
 
-/** Says what the board held in the session before, and does not hold now. */
+/** Says what the board held when a point was last tried, and does not hold now. */
 void say_differences(const knobs& all, const sweep_log& log, const std::vector<setting>& before) {
+    if (log.points.empty()) {
+        return;
+    }
     for (const setting& then : settings_of(values_before(all, log, last_begun(log)))) {
         for (const setting& now : before) {
             if (now.target == then.target && now.code != then.code) {
@@ -245,9 +248,9 @@ tune_status sweep_axes(const knobs& all, const command_line& given) {
         log.emplace(words.output.value_or("-"), false, words.sweep.lead);
     }
     announce(grids, words);
-    take_precautions();
     const user_signals signals;
     sweep work(all, before, words, *log);
+    take_precautions();
     log->write(head_of(task) + session_lines(before));
     task.log.reset();
     return go_through(work, grids, *log);

@@ -192,7 +192,8 @@ const std::vector<tune_case> sweep_cases = {
      .args = sweep({"mac-tx::delay=3", "--", "true"}),
      .board = board_setup().fault("fail mmap 3+"),
      .out = head("mac-tx::delay=3 -- true", tx_head) +
-            "try mac-tx::delay=3\ninterrupted\nend not everything could be put back:\n",
+            "try mac-tx::delay=3\ninterrupted\n| mac-tx::delay: map /dev/zeb_mem for address "
+            "0x10040004 failed: Operation not permitted\nend not everything could be put back:\n",
      .err = "mac-tx::delay: 1 point, 3, from 3 outwards\n" + mounted +
             "not everything could be put back:\nmac-tx::delay cannot be read: map /dev/zeb_mem "
             "for address 0x10040004 failed: Operation not permitted # not put back to 2\n",
@@ -220,6 +221,29 @@ const std::vector<tune_case> sweep_cases = {
      .err = "pelune-ddr-read1::dq0: 1 point, d+1, from d+1 outwards\n" + mounted +
             "pelune-ddr-read1::dq5 held d+1 and now holds d+6, though nobody set it\n"
             "pelune-ddr-read1::dq0: d+1 pass, 1 point tried\n",
+     .accesses = any_accesses},
+    {.name = "LaneThatIsMovedBesideAnotherKnobOfItsPhyIsNamed",
+     .args = sweep(
+         {"--no-control", "pelune-ddr::odt=60", "--", "brisel", "pelune-ddr-read1::dq5", "70"}),
+     .out = head("--no-control pelune-ddr::odt=60 -- brisel pelune-ddr-read1::dq5 70",
+                 "before pelune-ddr::odt = 40\n") +
+            "try pelune-ddr::odt=60\npass\nnote pelune-ddr-read1::dq5 held d+1 and now holds d+6, "
+            "though nobody set it\nend complete\n",
+     .err = "pelune-ddr::odt: 1 point, 60, from 60 outwards\n" + mounted +
+            "pelune-ddr-read1::dq5 held d+1 and now holds d+6, though nobody set it\n"
+            "pelune-ddr::odt: 60 pass, 1 point tried\n",
+     .accesses = any_accesses},
+    {.name = "OutputOfATestIsNotLostWhenSomebodyElseSetWhatIsTried",
+     .args =
+         sweep({"mac-tx::delay=3", "--", "sh", "-c", "echo hello; brisel mac-tx::delay 7; false"}),
+     .out = head("mac-tx::delay=3 -- sh -c 'echo hello; brisel mac-tx::delay 7; false'", tx_head) +
+            "try mac-tx::delay=3\ninterrupted\n| hello\n| BRISEL: set mac-tx::delay := 7\nend "
+            "somebody else has set mac-tx::delay: 3 "
+            "was tried, and it holds 7, which is left there\n",
+     .err = "mac-tx::delay: 1 point, 3, from 3 outwards\n" + mounted +
+            "somebody else has set mac-tx::delay: 3 was tried, and it holds 7, which is left "
+            "there\n",
+     .status = 2,
      .accesses = any_accesses},
     {.name = "SideEndsAfterOnePoint",
      .args = sweep({"--stop=1", "mac-tx::delay", "--", "sh", "-c", exit_unless_2}),

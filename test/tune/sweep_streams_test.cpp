@@ -1,4 +1,5 @@
 #include <array>
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,32 @@ TEST(SweepLogOnABoard, MayBeReadFromStandardInput) {
     EXPECT_THAT(text_of(rest), StartsWith("\ncut\nsession "));
     EXPECT_THAT(text_of(rest), HasSubstr("try " + delay + "=4\npass"));
     EXPECT_THAT(text_of(rest), testing::Not(HasSubstr("=3")));
+}
+
+TEST(SweepLogOnABoard, ThatHasNotLeftTheBoardIsNotFollowedByItsPoint) {
+    const swept_board b;
+    program_start program = b.on_board().launch_bare(
+        {"sweep", "--lead=1000", delay + "=3", "--", "true"}, "", "brisel-tune");
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+    const descriptor log(ends[0]);
+    const descriptor nothing("/dev/null", O_RDWR);
+    program.in = nothing;
+    program.out = ends[1];
+    program.err = nothing;
+    const pid_t process = start(program);
+    close(ends[1]);
+    std::string text;
+    char c = 0;
+    while (read(log, &c, 1) == 1) {
+        text += c;
+        if (text.ends_with("\ntry " + delay + "=3\n")) { // it waits a thousand seconds
+            kill(process, SIGINT);
+        }
+    }
+    EXPECT_EQ(wait_for(process), 1);
+    EXPECT_THAT(text, EndsWith("=3\ninterrupted\nend interrupted\n"));
+    EXPECT_THAT(b.on_board().accesses(), testing::Each(StartsWith("read ")));
 }
 
 TEST(SweepLogOnABoard, ThatIsLostEndsItWithAllAsBefore) {

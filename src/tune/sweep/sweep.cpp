@@ -143,20 +143,28 @@ point_result sweep::try_point(const sweep_grid& grid, std::size_t row, std::size
         }
     }
     const auto trials = prepare(grid, tried);
+    m_output.clear();
     m_log.write_before_a_risk("try " + to_shell(grid.place(row, column)) + "\n");
+    if (user_signals::noted() != 0) { // meanwhile, and the line may not have left the board yet
+        throw sweep_end{"interrupted", tune_status::differs, "interrupted\n"};
+    }
     const auto begin = std::chrono::steady_clock::now();
     point_result result{verdict::no_stick, 0, 0};
     std::string problem = set(changes);
     if (problem.empty() && m_output.empty()) {
-        user_signals::wait_for(m_words.sweep.settle);
         result = run(trials);
         problem = put_back(tried, changes);
     }
-    if (!problem.empty()) {
-        throw sweep_end{problem, tune_status::no_result, "interrupted\n"};
-    }
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-    m_log.write(to_word(result) + " " + seconds_text(took.count()) + "\n" + noted_output());
+    if (!problem.empty()) {
+        result.kind = verdict::interrupted;
+    }
+    const std::string lines =
+        to_word(result) + " " + seconds_text(took.count()) + "\n" + noted_output();
+    if (!problem.empty()) {
+        throw sweep_end{problem, tune_status::no_result, lines};
+    }
+    m_log.write(lines);
     if (!m_trouble.empty()) {
         throw sweep_end{m_trouble, tune_status::no_result};
     }
@@ -196,6 +204,7 @@ std::vector<std::unique_ptr<trial>> sweep::prepare(const sweep_grid& grid,
 
 point_result sweep::run(const std::vector<std::unique_ptr<trial>>& trials) {
     point_result result{verdict::fail, 0, static_cast<std::uint8_t>(trials.size())};
+    user_signals::wait_for(m_words.sweep.settle);
     for (const std::unique_ptr<trial>& each : trials) {
         const run_end end = each->run(m_words.sweep.timeout);
         if (end == run_end::passed) {

@@ -55,7 +55,7 @@ steady_clock::time_point after(double seconds) {
     dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
     dup2(output, STDOUT_FILENO);
     dup2(output, STDERR_FILENO);
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGCHLD, SIGPIPE}) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGCHLD, SIGPIPE}) {
         std::signal(number, SIG_DFL);
     }
     sigset_t nothing;
@@ -159,6 +159,9 @@ trial::~trial() {
 }
 
 run_end trial::run(std::optional<double> seconds) {
+    if (user_signals::noted() != 0) {
+        return run_end::interrupted;
+    }
     const steady_clock::time_point end = after(seconds.value_or(forever));
     static_cast<void>(!write(m_control, &begin_order, 1));
     run_end result = run_end::timed_out;

@@ -12,7 +12,7 @@ namespace {
 
 volatile std::sig_atomic_t first_signal = 0;
 
-constexpr int noted_signals[] = {SIGINT, SIGTERM, SIGHUP, SIGCHLD};
+constexpr int noted_signals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGCHLD};
 
 struct sigaction actions_before[std::size(noted_signals)];
 

@@ -1,9 +1,9 @@
 #pragma once
 
 /**
- * As long as it lives, SIGINT, SIGTERM and SIGHUP are noted instead of ending the process, and
- * they, SIGTSTP and SIGCHLD come only where it waits here. One of the three that was ignored stays
- * so.
+ * As long as it lives, SIGINT, SIGTERM, SIGHUP and SIGQUIT are noted instead of ending the process,
+ * and they, SIGTSTP and SIGCHLD come only where it waits here. One of the four that was ignored
+ * stays so.
  */
 class user_signals {
 public:
