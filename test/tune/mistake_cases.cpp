@@ -2,6 +2,12 @@
 #include "tune/tune_case.hpp"
 
 const std::vector<tune_case> mistake_cases = {
+    {.name = "LineOfAMegabyte",
+     .args = {"apply", tuning_file},
+     .tuning = "mac-tx::delay = " + std::string(1 << 20, '1') + "\n",
+     .err = "TUNING:1: '1111111111111111111111111111111111111111...' is no value of mac-tx::delay, "
+            "which takes 0 to 15\nnothing was written\n",
+     .status = 2},
     {.name = "NoCommand", .err = "no command; see brisel-tune --help\n", .status = 2},
     {.name = "UnknownCommand",
      .args = {"lost"},

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/text_file.hpp"
 #include "tune/plot/drawing.hpp"
 #include "tune/plot/html_plot.hpp"
 #include "tune/sweep_text.hpp"
@@ -32,6 +33,30 @@ const std::string delay = "mac-tx::delay";
 std::string plain_log(const std::string& signs) {
     return head_of("--repeat=5 " + delay + " -- test '<&>\"'", {delay + "=3"}) +
            row_of(delay + "=", 0, signs) + "end complete\n";
+}
+
+/** That a page is the one that was looked at in a browser. */
+void expect_page(const std::string& page, const std::string& name) {
+    const std::string looked_at = std::string(PICTURES "/") + name;
+    const std::string today = testing::TempDir() + name;
+    if (page != text_of(looked_at)) {
+        write_text(today, page);
+        ADD_FAILURE() << today << " is not " << looked_at
+                      << ": look at both, and copy it there if it is as it should be";
+    }
+}
+
+TEST(HtmlPlot, IsThePageThatWasLookedAt) {
+    const knobs all;
+    expect_page(plot_html(results_in(all, plain_log("x***tH4nu"), "log")), "row.html");
+    expect_page(plot_html(results_in(all, grid_log({"x**", "***x", ".**H"}), "log")), "grid.html");
+    sweep_results two = results_in(all, lane_log("xx****4xx"), "one");
+    merge(two, results_in(all, lane_log("x*****xt."), "two"));
+    expect_page(plot_html(two), "logs.html");
+    const std::string lanes =
+        head_of("--together " + slice + "=d-2..d+2 -- test", {slice + "={64,65,66,67,1,2,3,64}"}) +
+        row_of(slice + "=d", -2, "x***x");
+    expect_page(plot_html(results_in(all, lanes, "log")), "together.html");
 }
 
 TEST(SvgPlot, HasACellForEachPoint) {
