@@ -176,8 +176,10 @@ tune_status restore_values(const knobs& all, const command_line& words) {
     const std::string& file = words.operands.front();
     const auto read_lines = [&] {
         const sweep_log log = parse_log(read_text(file), file);
-        const sweep_session* const session =
-            words.force ? &first_session(log) : session_of(log, boot_id());
+        const sweep_session* session = session_of(log, boot_id());
+        if (words.force) {
+            session = &first_session(log);
+        }
         if (session == nullptr) {
             throw mistake(file +
                           ": nothing was swept in this boot; --force takes the first one's values");

@@ -54,6 +54,15 @@ TEST(Best, OfSeveralLogsPassesInAll) {
             "with the range\n");
 }
 
+TEST(Best, OfASetNamesTheLogWhoseDelaysItIsFor) {
+    const swept_board b;
+    const std::string lanes = lane.substr(0, lane.size() - 1);
+    EXPECT_EQ(b.begin({"--together", lanes + "=d+0..d+1", "--", "true"}).status, 0);
+    const std::string line = b.best();
+    EXPECT_EQ(run_tune(b.on_board(), {"best", b.log_file(), b.log_file()}).out,
+              line.substr(0, line.size() - 1) + "; for the delays in " + b.log_file() + "\n");
+}
+
 TEST(Best, DoesNotSayOfWhatWasNotTriedThatItFails) {
     const swept_board b;
     write_text(b.log_file(), "brisel-tune sweep log, format 1\nrun sweep " + lane +

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
@@ -46,6 +47,17 @@ TEST(RunInChild, DoesItsWorkInAProcessOfItsOwn) {
     EXPECT_NE(process[0], 0);
     EXPECT_NE(process[0], getpid());
     EXPECT_EQ(untouched, 1);
+}
+
+TEST(RunInChild, LeavesNoCore) {
+    const shared_array<rlim_t> limit(1);
+    EXPECT_EQ(run_in_child([&] {
+                  rlimit now{1, 1};
+                  getrlimit(RLIMIT_CORE, &now);
+                  limit[0] = now.rlim_cur + now.rlim_max;
+              }),
+              std::nullopt);
+    EXPECT_EQ(limit[0], 0U);
 }
 
 TEST(RunInChild, TellsWhyItsWorkWasNotDone) {

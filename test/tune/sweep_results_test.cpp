@@ -138,12 +138,14 @@ TEST(SweepResults, OfASetAreThoseThatTheLanesOfAllBoardsTake) {
         const window found = widest_in(grid, 0);
         EXPECT_EQ(text_of(grid.columns, found), "d+0 to d+1");
     }
-    const auto other_steps = [&] {
-        sweep_results results = results_in(all, logs[0], "one");
-        merge(results, results_in(all, log_with(range + "/2", "64"), "two"));
-    };
-    EXPECT_THAT(other_steps,
-                ThrowsMessage<mistake>("two:4: not the same properties and values as in one"));
+    for (const std::string& other : {range + "/2", slice + "=d-5..d+5"}) {
+        const auto merged = [&] {
+            sweep_results results = results_in(all, logs[0], "one");
+            merge(results, results_in(all, log_with(other, "64"), "two"));
+        };
+        EXPECT_THAT(merged,
+                    ThrowsMessage<mistake>("two:4: not the same properties and values as in one"));
+    }
 }
 
 TEST(SweepResults, TakeTheTwoCodesOfNoDelayForOne) {
