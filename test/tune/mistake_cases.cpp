@@ -1,7 +1,21 @@
 #include "cli/texts.hpp"
 #include "tune/tune_case.hpp"
 
+namespace {
+
+std::vector<std::string> best_of(std::size_t logs) {
+    std::vector<std::string> args(1 + logs, "log");
+    args.front() = "best";
+    return args;
+}
+
+} // namespace
+
 const std::vector<tune_case> mistake_cases = {
+    {.name = "MoreLogsThanCanBeCounted",
+     .args = best_of(256),
+     .err = "usage: brisel-tune best LOG...\n",
+     .status = 2},
     {.name = "LineOfAMegabyte",
      .args = {"apply", tuning_file},
      .tuning = "mac-tx::delay = " + std::string(1 << 20, '1') + "\n",

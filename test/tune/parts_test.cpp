@@ -49,6 +49,17 @@ TEST(RunInChild, DoesItsWorkInAProcessOfItsOwn) {
     EXPECT_EQ(untouched, 1);
 }
 
+TEST(RunInChild, LeavesNoFileOpen) {
+    const auto first_free = [] {
+        const int fd = dup(STDIN_FILENO);
+        close(fd);
+        return fd;
+    };
+    const int before = first_free();
+    run_in_child([] {});
+    EXPECT_EQ(first_free(), before);
+}
+
 TEST(RunInChild, LeavesNoCore) {
     const shared_array<rlim_t> limit(1);
     EXPECT_EQ(run_in_child([&] {
@@ -236,6 +247,9 @@ TEST(Tuning, DoesNotTakeTwoLinesForTheSameBits) {
     EXPECT_THAT(
         [&] { parse_tuning(all, "shared::high = 1\nshared::low = 1\n", "file"); },
         ThrowsMessage<mistake>("file:2: shared::low shares bits with shared::high at file:1"));
+    EXPECT_THAT(
+        [&] { parse_tuning(all, "shared::low = 1\nshared::high = 1\n", "file"); },
+        ThrowsMessage<mistake>("file:2: shared::high shares bits with shared::low at file:1"));
     EXPECT_THAT(parse_tuning(all, "shared::high = 1\nshared::apart = 1\n", "file"),
                 testing::SizeIs(2));
 }
