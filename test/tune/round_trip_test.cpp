@@ -101,6 +101,14 @@ TEST(Save, NotesTheReasonForEachPropertyAndSaysItOnceForARegister) {
     EXPECT_EQ(saved.status, 1);
 }
 
+TEST(Save, BeginsWithVersionMachineAndTime) {
+    const board on_board;
+    EXPECT_THAT(run_tune(on_board, {"save", "mac-tx::delay"}).out,
+                testing::MatchesRegex("# brisel-tune " BRISEL_VERSION
+                                      ", .* \\(.*\\), [0-9]{4}-[0-9]{2}-[0-9]{2} "
+                                      "[0-9]{2}:[0-9]{2}:[0-9]{2} UTC\nmac-tx::delay = 2\n"));
+}
+
 TEST(Save, NamesEachGroupBeforeItIsRead) {
     const board on_board;
     EXPECT_EQ(run_tune(on_board, {"save", "--all"}).err,

@@ -101,6 +101,29 @@ TEST_F(Trial, TellsTheTestWhatIsTried) {
     EXPECT_EQ(t.output(), "mac 5\nnothing to read\n");
 }
 
+TEST_F(Trial, LeavesNeitherAFileOpenNorACore) {
+    const auto first_free = [] {
+        const int fd = dup(STDIN_FILENO);
+        close(fd);
+        return fd;
+    };
+    const int before = first_free();
+    {
+        trial t = shell("ulimit -S -c; ulimit -H -c");
+        EXPECT_EQ(t.run({}), run_end::passed);
+        EXPECT_EQ(t.output(), "0\n0\n");
+    }
+    EXPECT_EQ(first_free(), before);
+}
+
+TEST_F(Trial, MayCleanUpBehindATimeout) {
+    const std::string file = m_folder.file("cleaned-up");
+    trial t =
+        shell("trap 'sleep 0.3; touch " + file + "; exit' TERM; while :; do sleep 0.05; done");
+    EXPECT_EQ(t.run(0.2), run_end::timed_out);
+    EXPECT_EQ(access(file.c_str(), F_OK), 0);
+}
+
 TEST_F(Trial, KeepsTheEndOfALongOutput) {
     trial t = shell("i=0; while [ $i -lt 2000 ]; do echo line $i; i=$((i + 1)); done");
     EXPECT_EQ(t.run({}), run_end::passed);
