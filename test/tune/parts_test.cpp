@@ -26,6 +26,7 @@
 #include "tune/knob/tuning.hpp"
 #include "tune/knob/value_text.hpp"
 #include "tune/text/mistake.hpp"
+#include "tune/text/read_text.hpp"
 #include "tune/text/table.hpp"
 #include "tune/text/whole_file.hpp"
 
@@ -119,6 +120,15 @@ TEST(JsonText, HasItsQuotesMarked) {
 TEST(SharedArray, NeedsMemory) {
     EXPECT_THROW(shared_array<std::uint32_t>(std::numeric_limits<std::size_t>::max() / 4 - 1),
                  mistake);
+}
+
+TEST(ReadText, TakesTheLastByteOfAFile) {
+    const temp_dir folder;
+    const std::string path = folder.file("text");
+    for (const std::size_t size : {0U, 1U, 4095U, 4096U, 4097U, 8193U}) { // it reads 4096 at a time
+        write_text(path, std::string(size, 'x'));
+        EXPECT_EQ(read_text(path).size(), size);
+    }
 }
 
 TEST(WholeFile, LeavesTheFileAsItWasWhenItCannotBeWritten) {

@@ -53,6 +53,10 @@ TEST(HtmlPlot, IsThePageThatWasLookedAt) {
     sweep_results two = results_in(all, lane_log("xx****4xx"), "one");
     merge(two, results_in(all, lane_log("x*****xt."), "two"));
     expect_page(plot_html(two), "logs.html");
+    const std::string two_lanes =
+        head_of(slice + "=d-8..d+8 -- test", {slice + "={64,65,66,67,1,2,3,64}"}) +
+        row_of(slice + "0=d", -8, "xxx****..") + row_of(slice + "5=d", -8, "*********4tx");
+    expect_page(plot_html(results_in(all, two_lanes, "log")), "lanes.html");
     const std::string lanes =
         head_of("--together " + slice + "=d-2..d+2 -- test", {slice + "={64,65,66,67,1,2,3,64}"}) +
         row_of(slice + "=d", -2, "x***x");

@@ -1,5 +1,7 @@
 #include "tune/window/sweep_grid.hpp"
 
+#include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -8,6 +10,7 @@
 
 #include "tune/knob/tuning.hpp"
 #include "tune/text/mistake.hpp"
+#include "tune/window/best_point.hpp"
 
 namespace sweep_grid_test {
 
@@ -24,6 +27,57 @@ std::vector<sweep_grid> grids(const knobs& all, const std::vector<std::string>& 
 }
 
 const std::string slice_present = slice + " = {64,64,64,64,64,64,64,64}\n";
+
+TEST(SweepGrid, HasTheFirstOfTwoWindowsThatAreAsWideAndAsNear) {
+    const knobs all;
+    sweep_grid grid = grids(all, {lane + "=d-3..d+3"}, lane + " = 64\n").front();
+    for (const std::size_t column : {0U, 1U, 5U, 6U}) {
+        grid.cell(0, column).kind = verdict::pass;
+    }
+    EXPECT_EQ(widest_in(grid, 0).first, 0U);
+}
+
+/** How many steps a point is away from the nearest one that did not pass, or from the edge. */
+std::size_t margin_of(const sweep_grid& grid, std::size_t row, std::size_t column) {
+    const auto passed_within = [&](std::size_t steps) {
+        for (std::size_t r = row - steps; r != row + steps + 1; ++r) { // 0 - 1 is outside, too
+            for (std::size_t c = column - steps; c != column + steps + 1; ++c) {
+                if (r >= grid.row_count() || c >= grid.columns.size() ||
+                    grid.cell(r, c).kind != verdict::pass) {
+                    return false;
+                }
+            }
+        }
+        return true;
+    };
+    std::size_t steps = 0;
+    while (passed_within(steps)) {
+        ++steps;
+    }
+    return steps;
+}
+
+TEST(BestPoint, IsFarthestFromWhatDidNotPassInAnyGrid) {
+    const knobs all;
+    std::mt19937 random(1); // the same ones in every run
+    for (int round = 0; round < 200; ++round) {
+        sweep_grid grid = grids(all, {"mac-tx::delay=0..8", "mac-rx::delay=0..5"},
+                                "mac-tx::delay = 4\nmac-rx::delay = 3\n")
+                              .front();
+        std::size_t farthest = 0;
+        for (point_result& cell : grid.cells) {
+            cell.kind = random() % 12 == 0 ? verdict::fail : verdict::pass;
+        }
+        for (std::size_t row = 0; row < 6; ++row) {
+            for (std::size_t column = 0; column < 9; ++column) {
+                farthest = std::max(farthest, margin_of(grid, row, column));
+            }
+        }
+        const auto best = best_in(grid);
+        ASSERT_TRUE(best.has_value());
+        EXPECT_EQ(margin_of(grid, best->row, best->column), farthest);
+    }
+}
 
 TEST(SweepGrid, HasARowForEachValueOfTheSecondAxis) {
     const knobs all;

@@ -409,6 +409,14 @@ TEST_P(TextPlot, IsAsTheRowDrawsIt) {
     EXPECT_EQ("\n" + plot_text(results, row.on), row.picture);
 }
 
+TEST(TextPlotOfTwoLogs, SaysWhosePresentValueItShows) {
+    const knobs all;
+    sweep_results results = results_in(all, lane_log("x**x"), "log1");
+    EXPECT_THAT(plot_text(results, {}), testing::Not(testing::HasSubstr("in the first log")));
+    merge(results, results_in(all, lane_log("x**x"), "log2"));
+    EXPECT_THAT(plot_text(results, {}), testing::HasSubstr("(present in the first log)"));
+}
+
 TEST(RowPicture, HasAColorForEachSign) {
     const knobs all;
     const sweep_results results = results_in(all, lane_log("xx****t4*H****u.."), "log");
