@@ -3,10 +3,12 @@
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tune/plot/row_picture.hpp"
 #include "tune/sweep_text.hpp"
+#include "tune/text/text.hpp"
 
 namespace text_plot_test {
 
@@ -331,7 +333,8 @@ orlin-ddra::odt: ...
 Board (board1, ar...
 
     |40
-  window     middle  margins
+  window     middle
+  margins
 odt ....
      |
   not tried
@@ -407,6 +410,23 @@ TEST_P(TextPlot, IsAsTheRowDrawsIt) {
         merge(results, results_in(all, row.logs[i], "log" + std::to_string(i + 1)));
     }
     EXPECT_EQ("\n" + plot_text(results, row.on), row.picture);
+}
+
+TEST(TextPlotOfAnyWidth, HasNoLineThatIsLonger) {
+    const knobs all;
+    const std::string voltage = "cpu_regulator::microvolts";
+    for (const std::string& log :
+         {lane_log("xx****4t*H****n"), slice_log(), grid_log({"...xx*****xx....", "****"}),
+          head_of(voltage + "=1000000..1009999 -- test", {voltage + "=1005000"}) +
+              row_of(voltage + "=", 1005000, "***x")}) {
+        const sweep_results results = results_in(all, log, "log");
+        for (std::size_t width = 20; width < 120; ++width) {
+            const std::string picture = plot_text(results, {width, false, false});
+            for (const std::string_view line : lines_of(picture)) {
+                EXPECT_LE(line.size(), width) << line;
+            }
+        }
+    }
 }
 
 TEST(TextPlotOfTwoLogs, SaysWhosePresentValueItShows) {

@@ -130,11 +130,12 @@ std::string marks_below(const axis& a, const std::optional<best_point>& best, co
 }
 
 /** What a sign stands for, unless it is one point. */
-std::string note_of(const frame& f) {
+std::string note_of(const frame& f, const canvas& c) {
     if (f.stride == 1) {
         return "";
     }
-    return "each sign: the worst of " + std::to_string(f.stride) + " points\n";
+    const std::string note = "each sign: the worst of " + std::to_string(f.stride) + " points";
+    return joined(in_lines(note, c.width), "\n") + "\n";
 }
 
 /** A row for each property, with its window, middle and margins beside it or below. */
@@ -161,8 +162,11 @@ std::string lanes_text(const std::vector<sweep_grid>& grids, const canvas& c) {
             line = padded(line, left + width) + "  " + its_facts;
         }
         text += as_line(line) + marks;
-        if (!beside) {
-            text += as_line("  " + its_facts);
+        if (beside) {
+            return;
+        }
+        for (const std::string& part : in_lines(its_facts, c.width - 2)) {
+            text += as_line("  " + part);
         }
     };
     add(labels, facts[0], "");
@@ -171,7 +175,7 @@ std::string lanes_text(const std::vector<sweep_grid>& grids, const canvas& c) {
         add(name + row_picture(grids[i], 0, f.stride, c, f.pitch), facts[i + 1],
             marks_below(grids[i].columns, bests[i], f, c));
     }
-    return text + note_of(f);
+    return text + note_of(f, c);
 }
 
 /** A row for each value of the second axis, the last one on top. */
@@ -181,15 +185,16 @@ std::string shmoo_text(const sweep_grid& grid, const canvas& c) {
     const std::optional<std::size_t> present = present_in(rows);
     const std::size_t left = rows.longest_text() + 1;
     const frame f(grid.columns, left, c, 2); // a blank and a mark
-    std::string text = rows.target().name() + "\n";
+    std::string text = cut_to(c.width, rows.target().name()) + "\n";
     for (std::size_t row = rows.size(); row-- > 0;) {
         text +=
             as_line(padded(rows.text(row), left) + row_picture(grid, row, f.stride, c, f.pitch) +
                     " " + mark_for(present && *present == row, best && best->row == row, c));
     }
     text += marks_below(grid.columns, best, f, c) + as_line(scale(grid.columns, f));
-    text += std::string(left, ' ') + grid.columns.target().name() + "\n";
-    return text + note_of(f) + joined(in_lines(words_for(grid, best), c.width), "\n") + "\n";
+    const std::size_t behind = c.width - std::min(left, c.width / 2);
+    text += std::string(left, ' ') + cut_to(behind, grid.columns.target().name()) + "\n";
+    return text + note_of(f, c) + joined(in_lines(words_for(grid, best), c.width), "\n") + "\n";
 }
 
 std::string legend(const sweep_results& results, const canvas& c) {
