@@ -16,6 +16,7 @@
 #include "property/property_register.hpp"
 #include "support/fake_property.hpp"
 #include "support/limited.hpp"
+#include "support/open_files.hpp"
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
 #include "tune/board/child.hpp"
@@ -51,14 +52,9 @@ TEST(RunInChild, DoesItsWorkInAProcessOfItsOwn) {
 }
 
 TEST(RunInChild, LeavesNoFileOpen) {
-    const auto first_free = [] {
-        const int fd = dup(STDIN_FILENO);
-        close(fd);
-        return fd;
-    };
-    const int before = first_free();
+    const std::ptrdiff_t before = open_files();
     run_in_child([] {});
-    EXPECT_EQ(first_free(), before);
+    EXPECT_EQ(open_files(), before);
 }
 
 TEST(RunInChild, LeavesNoCore) {

@@ -19,6 +19,7 @@
 #include <unistd.h>
 
 #include "support/limited.hpp"
+#include "support/open_files.hpp"
 #include "support/temp_dir.hpp"
 #include "support/text_file.hpp"
 #include "tune/sweep/user_signals.hpp"
@@ -102,18 +103,13 @@ TEST_F(Trial, TellsTheTestWhatIsTried) {
 }
 
 TEST_F(Trial, LeavesNeitherAFileOpenNorACore) {
-    const auto first_free = [] {
-        const int fd = dup(STDIN_FILENO);
-        close(fd);
-        return fd;
-    };
-    const int before = first_free();
+    const std::ptrdiff_t before = open_files();
     {
         trial t = shell("ulimit -S -c; ulimit -H -c");
         EXPECT_EQ(t.run({}), run_end::passed);
         EXPECT_EQ(t.output(), "0\n0\n");
     }
-    EXPECT_EQ(first_free(), before);
+    EXPECT_EQ(open_files(), before);
 }
 
 TEST_F(Trial, MayCleanUpBehindATimeout) {
@@ -218,9 +214,9 @@ TEST_F(Trial, NeedsAProcess) {
     };
     const int next = dup(STDIN_FILENO);
     close(next);
-    const auto open_files = static_cast<rlim_t>(next);
-    EXPECT_EQ(with_files(open_files), "no process for a test: Too many open files"); // no socket
-    EXPECT_EQ(with_files(open_files + 2), "no process for a test: Too many open files"); // no pipe
+    const auto now_open = static_cast<rlim_t>(next);
+    EXPECT_EQ(with_files(now_open), "no process for a test: Too many open files");     // no socket
+    EXPECT_EQ(with_files(now_open + 2), "no process for a test: Too many open files"); // no pipe
 }
 
 TEST(UserSignals, NoteTheFirst) {
