@@ -116,7 +116,10 @@ void axis::take_range(std::int64_t from, std::int64_t to, std::int64_t step) {
     }
     if (m_target->kind == knob_kind::set) {
         const auto [least, most_offset] = possible_offsets();
-        from += std::max<std::int64_t>(0, (least - from + step - 1) / step) * step;
+        if (from < least) { // the first step from there that is not below
+            const std::int64_t below = least - from;
+            from += (below / step + (below % step == 0 ? 0 : 1)) * step;
+        }
         to = std::min(to, most_offset);
         if (from > to) {
             refuse_offsets();
