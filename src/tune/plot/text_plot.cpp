@@ -192,7 +192,7 @@ std::string shmoo_text(const sweep_grid& grid, const canvas& c) {
                     " " + mark_for(present && *present == row, best && best->row == row, c));
     }
     text += marks_below(grid.columns, best, f, c) + as_line(scale(grid.columns, f));
-    const std::size_t behind = c.width - std::min(left, c.width / 2);
+    const std::size_t behind = c.width - left; // at least 9: no text of a value is longer than 10
     text += std::string(left, ' ') + cut_to(behind, grid.columns.target().name()) + "\n";
     return text + note_of(f, c) + joined(in_lines(words_for(grid, best), c.width), "\n") + "\n";
 }
