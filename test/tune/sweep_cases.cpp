@@ -28,12 +28,6 @@ const std::string both_axes_told =
 const std::string folder_for_lock = "rm -f $BRISEL_BOARD/root/tmp/brisel.lock; "
                                     "mkdir $BRISEL_BOARD/root/tmp/brisel.lock";
 
-/** A mistake before anything is touched. */
-tune_case refused(const std::string& name, const std::vector<std::string>& args,
-                  const std::string& err) {
-    return {.name = name, .args = args, .err = err, .status = 2};
-}
-
 } // namespace
 
 const std::vector<tune_case> sweep_cases = {
@@ -117,17 +111,6 @@ const std::vector<tune_case> sweep_cases = {
             "mac-tx::delay: nothing passes, 2 points tried\n",
      .status = 1,
      .accesses = any_accesses},
-    refused("TestThatIsNotThere", sweep({"mac-tx::delay=3", "--", "/no/such/test"}),
-            "cannot execute /no/such/test: No such file or directory\n"),
-    refused("TestThatIsAFolder", sweep({"mac-tx::delay=3", "--", "/"}),
-            "cannot execute /: Permission denied\n"),
-    refused("TestThatIsInNoFolder", sweep({"mac-tx::delay=3", "--", "no-such-test"}),
-            "cannot execute 'no-such-test': it is in no folder of PATH\n"),
-    refused("TestWithoutAName", sweep({"mac-tx::delay=3", "--", ""}),
-            "cannot execute '': it is in no folder of PATH\n"),
-    refused("TooManyPoints",
-            sweep({"cpu_regulator::microvolts=800000..801000", "mmc::rdqs", "--", "true"}),
-            "the two axes have more than 100000 points: they need FROM..TO/STEP\n"),
     {.name = "TestMayUseBriselButNotChangeWhatIsTried",
      .args = sweep({"mac-tx::delay=3", "--", "sh", "-c", "brisel mac-tx::delay 7"}),
      .out = head("mac-tx::delay=3 -- sh -c 'brisel mac-tx::delay 7'", tx_head) +
@@ -311,38 +294,6 @@ const std::vector<tune_case> sweep_cases = {
             "cannot lock /tmp/brisel.lock: No locks available\n",
      .status = 2,
      .accesses = any_accesses},
-    refused("SweepWithoutATest", {"sweep", "mac-tx::delay"},
-            "usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...\n"),
-    refused("SweepOfNothing", {"sweep", "--", "true"},
-            "usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...\n"),
-    refused("SweepOfThreeAxes", {"sweep", "a", "b", "c", "--", "true"},
-            "usage: brisel-tune sweep AXIS [AXIS] -- COMMAND...\n"),
-    refused("AxisOutOfRange", sweep({"mac-tx::delay=1..16", "--", "true"}),
-            "'16' is no value of mac-tx::delay, which takes 0 to 15\n"),
-    refused("AxesThatShareBits", sweep({"mac-tx::delay", "mac-tx::delay", "--", "true"}),
-            "the axes mac-tx::delay and mac-tx::delay share bits\n"),
-    refused("ReadOnlyAxis", sweep({"pcie-link::state-ro", "--", "true"}),
-            "pcie-link::state-ro is read-only\n"),
-    refused("VoltageAboveTheLimitsOfAnAxis",
-            sweep({"cpu_regulator::microvolts=1290000..1310000/10000", "--", "true"}),
-            "1310000 is outside the limits of cpu_regulator::microvolts, 800000 to 1300000\n"),
-    refused("VoltageBelowTheLimitsOfASecondAxis",
-            sweep({"mmc::rdqs", "cpu_regulator::microvolts=790000..800000/10000", "--", "true"}),
-            "790000 is outside the limits of cpu_regulator::microvolts, 800000 to 1300000\n"),
-    refused("StopAfterNoPoint", sweep({"--stop=0", "mac-tx::delay", "--", "true"}),
-            "--stop takes a number from 1 to 1000, not '0'\n"),
-    refused("StopAfterTooManyPoints", sweep({"--stop=1001", "mac-tx::delay", "--", "true"}),
-            "--stop takes a number from 1 to 1000, not '1001'\n"),
-    refused("AxisWithoutItsValues", sweep({"mac-tx::delay=", "--", "true"}),
-            "'mac-tx::delay=' has no values\n"),
-    refused("TimeoutOfNothing", sweep({"--timeout=0", "mac-tx::delay", "--", "true"}),
-            "--timeout takes a number of seconds above 0\n"),
-    refused("StopWithText", sweep({"--stop=x", "mac-tx::delay", "--", "true"}),
-            "--stop takes a number from 1 to 1000, not 'x'\n"),
-    refused("RepeatWithText", sweep({"--repeat=3x", "mac-tx::delay", "--", "true"}),
-            "--repeat takes a number from 1 to 100, not '3x'\n"),
-    refused("ExistingLog", {"sweep", "-o", "/dev/null", "mmc::rdqs", "--", "true"},
-            "/dev/null exists; --continue goes on with a log\n"),
     {.name = "CompleteSweepWithoutAPassHasFailed",
      .args = {"sweep", "--continue", tuning_file},
      .tuning = "brisel-tune sweep log, format 1\nrun sweep mac-tx::delay=2 -- true\n"
@@ -350,43 +301,4 @@ const std::vector<tune_case> sweep_cases = {
                "end complete\n",
      .err = "the sweep is complete: there is nothing left to be tried\n",
      .status = 1},
-    {.name = "LogOfThreeAxesIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep a b c -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "a sweep has one axis or two\n",
-     .status = 2},
-    {.name = "LogWithoutAnAxisIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "a sweep has one axis or two\n",
-     .status = 2},
-    {.name = "LogOfAnotherCommandIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun save mac -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "TUNING:2: 'save mac -- true' is no sweep\n",
-     .status = 2},
-    {.name = "LogOfNoCommandIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun \nsession S, boot B\nbefore a = 1\n",
-     .err = "TUNING:2: '' is no sweep\n",
-     .status = 2},
-    {.name = "LogWithAnUnknownOptionIsRefused",
-     .args = {"best", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep --never a -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "TUNING:2: unknown option: '--never'\n",
-     .status = 2},
-    {.name = "LogWithAMistakeInAValueBeforeIsRefused",
-     .args = {"best", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep mac-tx::delay -- true\n"
-               "session S, boot B\nbefore mac-tx::delay = 16\n",
-     .err = "TUNING:4: '16' is no value of mac-tx::delay, which takes 0 to 15\n",
-     .status = 2},
-    refused("TogetherWithoutASet", sweep({"--together", "mac-tx::delay", "--", "true"}),
-            "--together is for a set of lanes: mac-tx::delay is none\n"),
-    refused("ContinueWithMoreThanALog", {"sweep", "--continue", tuning_file, "mac-tx::delay"},
-            "--continue takes a log, and axes, COMMAND, -o and the other options from it\n"),
 };

@@ -54,4 +54,5 @@ extern const std::vector<tune_case> read_cases;
 extern const std::vector<tune_case> write_cases;
 extern const std::vector<tune_case> mistake_cases;
 extern const std::vector<tune_case> sweep_cases;
+extern const std::vector<tune_case> sweep_mistake_cases;
 extern const std::vector<tune_case> fault_cases_of_tune;

@@ -34,6 +34,7 @@ INSTANTIATE_TEST_SUITE_P(Reading, TuneCommandLine, rows_of(read_cases), name_of)
 INSTANTIATE_TEST_SUITE_P(Writing, TuneCommandLine, rows_of(write_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Mistakes, TuneCommandLine, rows_of(mistake_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Sweeping, TuneCommandLine, rows_of(sweep_cases), name_of);
+INSTANTIATE_TEST_SUITE_P(SweepMistakes, TuneCommandLine, rows_of(sweep_mistake_cases), name_of);
 INSTANTIATE_TEST_SUITE_P(Faults, TuneCommandLine, rows_of(fault_cases_of_tune), name_of);
 
 } // namespace tune_table_test
