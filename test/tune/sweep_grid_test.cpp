@@ -127,17 +127,16 @@ TEST(SweepGrid, RefusesAxesThatCannotBeSwept) {
 TEST(SweepGrid, TakesOverWhatALogSays) {
     const knobs all;
     auto found = grids(all, {lane + "=d-1..d+1"}, lane + " = 64\n");
-    const auto tried = [](const std::vector<std::string>& place) {
+    const auto tried = [](std::string_view place) {
         return tried_point{place, {verdict::pass, 0, 0}};
     };
-    fill(found, {tried({lane + "=d+1"}), tried({lane + "=d+2"}), tried({lane}),
-                 tried({"mac-tx::delay=0"}), tried({lane + "=d-1", "mac-tx::delay=0"})});
+    fill(found, {tried(lane + "=d+1"), tried(lane + "=d+2"), tried(lane), tried("mac-tx::delay=0"),
+                 tried(lane + "=d-1 mac-tx::delay=0")});
     EXPECT_EQ(found[0].cell(0, 0).kind, verdict::untried);
     EXPECT_EQ(found[0].cell(0, 1).kind, verdict::untried);
     EXPECT_EQ(found[0].cell(0, 2).kind, verdict::pass);
     auto two = grids(all, {lane + "=d-1..d+1", "mac-tx::delay"}, lane + " = 64\nmac-tx::delay = 2");
-    fill(two,
-         {tried({lane + "=d+1", "mac-tx::delay=16"}), tried({lane + "=d+1", "mac-tx::delay=1"})});
+    fill(two, {tried(lane + "=d+1 mac-tx::delay=16"), tried(lane + "=d+1 mac-tx::delay=1")});
     EXPECT_EQ(two[0].cell(1, 2).kind, verdict::pass);
     EXPECT_EQ(two[0].cell(0, 2).kind, verdict::untried);
 }

@@ -4,6 +4,7 @@
 
 #include "tune/knob/tuning.hpp"
 #include "tune/text/mistake.hpp"
+#include "tune/text/shell_words.hpp"
 #include "tune/text/text.hpp"
 
 namespace {
@@ -153,7 +154,7 @@ std::vector<sweep_grid> make_grids(const knobs& all, const std::vector<std::stri
 void fill(std::vector<sweep_grid>& grids, const std::vector<tried_point>& points) {
     for (const tried_point& point : points) {
         for (sweep_grid& grid : grids) {
-            const std::optional<std::size_t> cell = grid.find(point.place);
+            const std::optional<std::size_t> cell = grid.find(from_shell(point.place));
             if (cell) {
                 grid.cells[*cell] = point.result;
             }

@@ -40,7 +40,8 @@ void take_run(sweep_log& log, std::string_view line, std::size_t number) {
 
 void take_point(sweep_log& log, std::string_view line) {
     log.sessions.back().begun = true;
-    log.points.push_back({from_shell(line), {verdict::hang, 0, 0}});
+    from_shell(line); // or it is a mistake
+    log.points.push_back({line, {verdict::hang, 0, 0}});
 }
 
 void take_verdict(sweep_log& log, std::string_view line) {
@@ -52,14 +53,15 @@ void take_verdict(sweep_log& log, std::string_view line) {
 }
 
 void take_line(sweep_log& log, std::string_view line, std::size_t number) {
-    if (line.starts_with("|") || take_word(line, "version") || take_word(line, "note")) {
+    if (line.starts_with("|") || take_word(line, "version") || take_word(line, "order") ||
+        take_word(line, "note")) {
         return;
     }
     if (take_word(line, "machine")) {
         log.machine = line;
     } else if (take_word(line, "run")) {
         take_run(log, line, number);
-    } else if (take_word(line, "session")) {
+    } else if (!log.run.empty() && take_word(line, "session")) {
         take_session(log, line, number);
     } else if (!log.sessions.empty() && take_word(line, "before")) {
         log.sessions.back().before.append(line).append("\n");
@@ -96,21 +98,22 @@ const sweep_session* session_of(const sweep_log& log, const std::string& boot) {
     return found == log.sessions.rend() ? nullptr : &*found;
 }
 
-sweep_log parse_log(std::string_view text, const std::string& where) {
+sweep_log parse_log(std::string whole, const std::string& where) {
     sweep_log log;
     log.name = where;
+    log.text = std::make_shared<const std::string>(std::move(whole));
+    std::string_view text = *log.text;
     std::size_t number = 1;
     for (; !text.empty(); ++number) {
-        const std::size_t size = text.find('\n');
-        if (size == std::string_view::npos) {
-            log.is_cut = true;
-            break;
-        }
-        const std::string_view line = text.substr(0, size);
-        text.remove_prefix(size + 1);
-        if (number == 1 && line != log_title) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        log.is_cut = line.size() == text.size();
+        if (number == 1 && (log.is_cut ? !log_title.starts_with(line) : line != log_title)) {
             throw mistake(where + ":1: not " + in_quotes(log_title));
         }
+        if (log.is_cut) {
+            break;
+        }
+        text.remove_prefix(line.size() + 1);
         const std::string_view next = text.substr(0, text.find('\n'));
         if (number == 1 || cut.starts_with(line) || (!next.empty() && cut.starts_with(next))) {
             continue; // the title; the mark, which may be cut itself; and what it is for
@@ -123,8 +126,8 @@ sweep_log parse_log(std::string_view text, const std::string& where) {
     }
     log.where_end = where + ":" + std::to_string(number);
     if (log.run.empty()) {
-        throw mistake(log.where_end + ": no log of a sweep, or one that ends before it says what "
-                                      "the sweep is");
+        throw mistake(log.where_end + ": the log ends before it says what the sweep is: nothing "
+                                      "was tried");
     }
     return log;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,7 @@
  *     run sweep orlin-ddra-read0::dq3 -- memtester 16M 1
  *     session 2026-11-22 14:00:00 UTC, boot 4f0c5b9e-...
  *     before orlin-ddra-read0::dq3 = 65
+ *     order orlin-ddra-read0::dq3: 127 points, d-63 to d+63, from d+1 outwards
  *     try orlin-ddra-read0::dq3=d+2
  *     fail 1.204 s
  *     | bit 3 is wrong
@@ -38,8 +40,8 @@ struct sweep_session {
 
 /** A point that was tried. */
 struct tried_point {
-    std::vector<std::string> place; ///< "NAME=VALUE" for each axis
-    point_result result;            ///< a hang as long as nothing else is known
+    std::string_view place; ///< "NAME=VALUE" for each axis, quoted as the shell does
+    point_result result;    ///< a hang as long as nothing else is known
 };
 
 /** What a log says. */
@@ -50,7 +52,8 @@ struct sweep_log {
     std::string where_run;        ///< "FILE:LINE" of that
     std::string where_end;        ///< the same of its end
     std::vector<sweep_session> sessions;
-    std::vector<tried_point> points; ///< in their order
+    std::shared_ptr<const std::string> text; ///< all of it
+    std::vector<tried_point> points;         ///< in their order; they refer to the text
     bool complete = false;
     bool is_cut = false; ///< the last line has no end
 };
@@ -72,4 +75,4 @@ const sweep_session* session_of(const sweep_log& log, const std::string& boot);
  * @param where the file's name, for messages
  * @throw mistake for what is no such log, with the line
  */
-sweep_log parse_log(std::string_view text, const std::string& where);
+sweep_log parse_log(std::string text, const std::string& where);

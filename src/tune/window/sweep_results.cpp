@@ -66,9 +66,9 @@ command_line words_of(const sweep_log& log) {
     }
 }
 
-sweep_results results_in(const knobs& all, std::string_view text, const std::string& where) {
+sweep_results results_in(const knobs& all, std::string text, const std::string& where) {
     sweep_results results;
-    sweep_log& log = results.logs.emplace_back(parse_log(text, where));
+    sweep_log& log = results.logs.emplace_back(parse_log(std::move(text), where));
     results.words = words_of(log);
     const auto before = settings_of(values_before(all, log, last_begun(log)));
     try {
@@ -79,6 +79,7 @@ sweep_results results_in(const knobs& all, std::string_view text, const std::str
     }
     fill(results.grids, log.points);
     log.points = {};
+    log.text.reset();
     return results;
 }
 

@@ -16,7 +16,7 @@
  * `passed` of `runs` logs passed. What the properties held before is that of the first log.
  */
 struct sweep_results {
-    std::vector<sweep_log> logs; ///< without their points
+    std::vector<sweep_log> logs; ///< without their points and texts
     command_line words;          ///< of the first one; the operands are the axes
     std::vector<sweep_grid> grids;
 };
@@ -29,7 +29,7 @@ struct sweep_results {
 sweep_results read_results(const knobs& all, const std::vector<std::string>& files);
 
 /** The same for one log. @param where the file's name, for messages */
-sweep_results results_in(const knobs& all, std::string_view text, const std::string& where);
+sweep_results results_in(const knobs& all, std::string text, const std::string& where);
 
 /** Takes in the results of another log. @throw mistake as above */
 void merge(sweep_results& results, sweep_results other);
