@@ -154,20 +154,33 @@ std::string described(const axis& a) {
     return a.description() + ", from " + a.text(a.nearest()) + " outwards";
 }
 
-/** Says what will be done, and what is at risk. */
-void announce(const std::vector<sweep_grid>& grids, const command_line& words) {
+/** The points of each axis, and in which order they are tried: lines for the user and the log. */
+std::vector<std::string> orders_of(const std::vector<sweep_grid>& grids,
+                                   const command_line& words) {
+    std::vector<std::string> lines;
+    lines.reserve(grids.size() + 1);
     for (const sweep_grid& grid : grids) {
-        say(grid.columns.target().name() + ": " + described(grid.columns) +
-            (words.all ? ", all" : ""));
+        lines.push_back(grid.columns.target().name() + ": " + described(grid.columns) +
+                        (words.all ? ", all" : ""));
+    }
+    if (const auto& rows = grids.front().rows) {
+        lines.push_back("for each of " + rows->target().name() + ": " + described(*rows));
+    }
+    return lines;
+}
+
+/** Says what will be done, and what is at risk. */
+void announce(const std::vector<sweep_grid>& grids, const std::vector<std::string>& orders) {
+    for (const std::string& order : orders) {
+        say(order);
+    }
+    for (const sweep_grid& grid : grids) {
         const auto done = static_cast<std::size_t>(
             std::count_if(grid.cells.begin(), grid.cells.end(),
                           [](const point_result& cell) { return is_settled(cell.kind); }));
         if (done != 0) {
             say(grid.columns.target().name() + ": " + counted(done, "point") + " tried before");
         }
-    }
-    if (const auto& rows = grids.front().rows) {
-        say("for each of " + rows->target().name() + ": " + described(*rows));
     }
     for (const std::string& mount : writable_mounts(read_text("/proc/mounts", ""))) {
         say("mounted for writing: " + mount);
@@ -182,10 +195,14 @@ std::string head_of(const sweep_task& task) {
            "\nversion " BRISEL_VERSION "\nrun " + to_shell(run_words(task.words)) + "\n";
 }
 
-std::string session_lines(const std::vector<setting>& before) {
+std::string session_lines(const std::vector<setting>& before,
+                          const std::vector<std::string>& orders) {
     std::string lines = "session " + utc_time() + ", boot " + boot_id() + "\n";
     for (const auto& [k, code] : before) {
         lines += "before " + k->name() + " = " + to_text(*k, code) + "\n";
+    }
+    for (const std::string& order : orders) {
+        lines += "order " + order + "\n";
     }
     return lines;
 }
@@ -247,11 +264,12 @@ tune_status sweep_axes(const knobs& all, const command_line& given) {
     } else {
         log.emplace(words.output.value_or("-"), false, words.sweep.lead);
     }
-    announce(grids, words);
+    const std::vector<std::string> orders = orders_of(grids, words);
+    announce(grids, orders);
     const user_signals signals;
     sweep work(all, before, words, *log);
     take_precautions();
-    log->write(head_of(task) + session_lines(before));
+    log->write(head_of(task) + session_lines(before, orders));
     task.log.reset();
     return go_through(work, grids, *log);
 }

@@ -19,6 +19,8 @@ void make_same(std::string& log) {
         {"(^|\n)machine [^\n]*", "$1machine M"},
         {"\nversion [^\n]*", "\nversion V"},
         {"\nsession [^\n]*", "\nsession S"},
+        {"\n(pass|fail|timeout|no-stick|unsound|interrupted|[0-9]/[0-9])\n",
+         "\n$1 without its time\n"},
         {" [0-9]+\\.[0-9]{3} s\n", "\n"},
     };
     for (const auto& [pattern, text] : rules) {

@@ -56,10 +56,14 @@ std::string what_is_not_back(const change_report& report) {
     return "not everything could be put back:\n" + joined(report.holds, "\n");
 }
 
-std::string seconds_text(double seconds) {
+using steady = std::chrono::steady_clock;
+
+/** The line of the log for a verdict, with the time that it took. */
+std::string verdict_line(const point_result& result, steady::time_point begin) {
     char text[32];
-    std::snprintf(text, sizeof text, "%.3f s", seconds);
-    return text;
+    const std::chrono::duration<double> took = steady::now() - begin;
+    std::snprintf(text, sizeof text, " %.3f s\n", took.count());
+    return to_word(result) + text;
 }
 
 } // namespace
@@ -144,23 +148,23 @@ point_result sweep::try_point(const sweep_grid& grid, std::size_t row, std::size
     }
     const auto trials = prepare(grid, tried);
     m_output.clear();
+    const steady::time_point announced = steady::now();
     m_log.write_before_a_risk("try " + to_shell(grid.place(row, column)) + "\n");
     if (user_signals::noted() != 0) { // meanwhile, and the line may not have left the board yet
-        throw sweep_end{"interrupted", tune_status::differs, "interrupted\n"};
+        throw sweep_end{"interrupted", tune_status::differs,
+                        verdict_line({verdict::interrupted, 0, 0}, announced)};
     }
-    const auto begin = std::chrono::steady_clock::now();
+    const steady::time_point begin = steady::now();
     point_result result{verdict::no_stick, 0, 0};
     std::string problem = set(changes);
     if (problem.empty() && m_output.empty()) {
         result = run(trials);
         problem = put_back(tried, changes);
     }
-    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
     if (!problem.empty()) {
         result.kind = verdict::interrupted;
     }
-    const std::string lines =
-        to_word(result) + " " + seconds_text(took.count()) + "\n" + noted_output();
+    const std::string lines = verdict_line(result, begin) + noted_output();
     if (!problem.empty()) {
         throw sweep_end{problem, tune_status::no_result, lines};
     }
@@ -256,15 +260,16 @@ std::string sweep::put_back(const std::vector<setting>& tried, std::vector<chang
 
 void sweep::check_memory(const sweep_grid& grid) {
     const auto trials = prepare(grid, m_before);
+    const steady::time_point begin = steady::now();
     const point_result result = run(trials);
     if (!m_trouble.empty()) {
-        throw sweep_end{m_trouble, tune_status::no_result, "interrupted\n"};
+        throw sweep_end{m_trouble, tune_status::no_result, verdict_line(result, begin)};
     }
     if (result.kind == verdict::interrupted) { // and so the point is tried again
-        throw sweep_end{"interrupted", tune_status::differs, "interrupted\n"};
+        throw sweep_end{"interrupted", tune_status::differs, verdict_line(result, begin)};
     }
     if (result.kind != verdict::pass) {
-        m_log.write("unsound\n" + noted_output());
+        m_log.write(verdict_line({verdict::unsound, 0, 0}, begin) + noted_output());
         throw sweep_end{"unsound: the test does not pass with the values before, either; check the "
                         "test, or reset the board and go on with --continue",
                         tune_status::differs};
