@@ -15,14 +15,15 @@
 
 namespace {
 
-bool same_letter(char a, char b) {
-    const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
-    return lower(a) == lower(b);
+std::string lower_case(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
 }
 
 /**
- * How many characters of one text have to be added, dropped or replaced, capital or not, to make it
- * the beginning of the other one; and then, to make it the whole of it.
+ * How many characters of one text have to be added, dropped or replaced to make it the beginning of
+ * the other one; and then, to make it the whole of it.
  */
 std::pair<std::size_t, std::size_t> distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
@@ -31,7 +32,7 @@ std::pair<std::size_t, std::size_t> distance(const std::string& a, const std::st
         std::size_t diagonal = row[0];
         row[0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t replaced = diagonal + (same_letter(a[i - 1], b[j - 1]) ? 0 : 1);
+            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
         }
@@ -113,8 +114,9 @@ std::vector<const knob*> knobs::chosen(const std::vector<std::string>& names) co
 
 void knobs::fail(const std::string& what, const std::string& name) const {
     std::vector<std::pair<std::pair<std::size_t, std::size_t>, std::string>> near;
+    const std::string wanted = lower_case(name.substr(0, 100));
     const auto add = [&](const std::string& other) {
-        near.emplace_back(distance(name.substr(0, 100), other), other);
+        near.emplace_back(distance(wanted, lower_case(other)), other);
     };
     for (const knob& k : m_all) {
         add(k.name());
