@@ -25,7 +25,9 @@ add_library(brisel_instrumented INTERFACE)
 target_link_libraries(brisel_instrumented INTERFACE brisel_options)
 
 if(BRISEL_COVERAGE)
-    target_compile_options(brisel_instrumented INTERFACE --coverage -O0 -fno-inline)
+    # Not what tests and the C++ library have in the same objects.
+    target_compile_options(brisel_instrumented INTERFACE
+        --coverage -O0 -fno-inline -fprofile-filter-files=${PROJECT_SOURCE_DIR}/src/.*)
     target_link_options(brisel_instrumented INTERFACE --coverage)
 elseif(BRISEL_SANITIZE)
     target_compile_options(brisel_instrumented INTERFACE

@@ -13,9 +13,11 @@ mkdir "$copy"
 tar -C "$root" -c --exclude='./build*' --exclude=./.git --exclude=./dist . | tar -C "$copy" -x
 
 "$copy/scripts/dist" armhf >/dev/null
-(cd "$copy" && cmake --preset check-arm64 && cmake --build --preset check-arm64 -j "$(nproc)" --target brisel) >/dev/null
+(cd "$copy" && cmake --preset armhf -DCMAKE_UNITY_BUILD=ON && cmake --build --preset armhf -j "$(nproc)" --target brisel) >/dev/null
 
-for file in dist/brisel-armhf build-check-arm64/brisel; do
-    cmp "$root/$file" "$copy/$file"
-    echo "$file: the same"
-done
+same() {
+    cmp "$root/$1" "$copy/$2"
+    echo "$1: the same"
+}
+same dist/brisel-armhf dist/brisel-armhf
+same build-check-armhf/brisel build-armhf/brisel

@@ -47,7 +47,7 @@ protected:
 
     /** The errors for call number `number`: all of them for the first calls, then one in turn. */
     std::vector<std::string> errors_of(std::size_t number) const {
-        constexpr std::size_t first_calls = 8;
+        constexpr std::size_t first_calls = 4;
         const std::vector<std::string>& all = kind().errors;
         return number <= first_calls ? all : std::vector{all[number % all.size()]};
     }
