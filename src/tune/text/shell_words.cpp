@@ -1,5 +1,7 @@
 #include "tune/text/shell_words.hpp"
 
+#include <algorithm>
+
 #include "tune/text/mistake.hpp"
 #include "tune/text/text.hpp"
 
@@ -66,7 +68,8 @@ std::vector<std::string> from_shell(std::string_view line) {
             words.back() += line.substr(1, close - 1);
             used = close + 1;
         } else {
-            words.back() += line.front();
+            used = std::min(line.find_first_of(" '$\\", 1), line.size());
+            words.back() += line.substr(0, used);
         }
         line.remove_prefix(used);
     }
