@@ -5,6 +5,7 @@
 #include "tune/board/change.hpp"
 #include "tune/commands.hpp"
 #include "tune/knob/value_text.hpp"
+#include "tune/sweep/announcement.hpp"
 #include "tune/sweep/log_writer.hpp"
 #include "tune/sweep/precautions.hpp"
 #include "tune/sweep/sweep.hpp"
@@ -150,61 +151,12 @@ void check_voltages(const axis& a) {
     }
 }
 
-std::string described(const axis& a) {
-    return a.description() + ", from " + a.text(a.nearest()) + " outwards";
-}
-
-/** The points of each axis, and in which order they are tried: lines for the user and the log. */
-std::vector<std::string> orders_of(const std::vector<sweep_grid>& grids,
-                                   const command_line& words) {
-    std::vector<std::string> lines;
-    lines.reserve(grids.size() + 1);
-    for (const sweep_grid& grid : grids) {
-        lines.push_back(grid.columns.target().name() + ": " + described(grid.columns) +
-                        (words.all ? ", all" : ""));
-    }
-    if (const auto& rows = grids.front().rows) {
-        lines.push_back("for each of " + rows->target().name() + ": " + described(*rows));
-    }
-    return lines;
-}
-
-/** Says what will be done, and what is at risk. */
-void announce(const std::vector<sweep_grid>& grids, const std::vector<std::string>& orders) {
-    for (const std::string& order : orders) {
-        say(order);
-    }
-    for (const sweep_grid& grid : grids) {
-        const auto done = static_cast<std::size_t>(
-            std::count_if(grid.cells.begin(), grid.cells.end(),
-                          [](const point_result& cell) { return is_settled(cell.kind); }));
-        if (done != 0) {
-            say(grid.columns.target().name() + ": " + counted(done, "point") + " tried before");
-        }
-    }
-    for (const std::string& mount : writable_mounts(read_text("/proc/mounts", ""))) {
-        say("mounted for writing: " + mount);
-    }
-}
-
 std::string head_of(const sweep_task& task) {
     if (task.log) {
         return task.log->is_cut ? "\ncut\n" : "";
     }
     return std::string(log_title) + "\nmachine " + machine() +
            "\nversion " BRISEL_VERSION "\nrun " + to_shell(run_words(task.words)) + "\n";
-}
-
-std::string session_lines(const std::vector<setting>& before,
-                          const std::vector<std::string>& orders) {
-    std::string lines = "session " + utc_time() + ", boot " + boot_id() + "\n";
-    for (const auto& [k, code] : before) {
-        lines += "before " + k->name() + " = " + to_text(*k, code) + "\n";
-    }
-    for (const std::string& order : orders) {
-        lines += "order " + order + "\n";
-    }
-    return lines;
 }
 
 /** How a sweep that is complete has ended: each property has a point that passes, or not. */
@@ -264,7 +216,7 @@ tune_status sweep_axes(const knobs& all, const command_line& given) {
     } else {
         log.emplace(words.output.value_or("-"), false, words.sweep.lead);
     }
-    const std::vector<std::string> orders = orders_of(grids, words);
+    const std::vector<std::string> orders = orders_of(grids, words.all);
     announce(grids, orders);
     const user_signals signals;
     sweep work(all, before, words, *log);
