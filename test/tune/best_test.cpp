@@ -66,7 +66,8 @@ TEST(Best, OfASetNamesTheLogWhoseDelaysItIsFor) {
 TEST(Best, DoesNotSayOfWhatWasNotTriedThatItFails) {
     const swept_board b;
     write_text(b.log_file(), "brisel-tune sweep log, format 1\nrun sweep " + lane +
-                                 " -- true\nsession S, boot B\nbefore " + lane + " = 64\n");
+                                 " -- true\nsession S, boot B\nbefore " + lane +
+                                 " = 64\norder o\n");
     EXPECT_EQ(b.best(), "# " + lane + ": not tried\n");
 }
 
@@ -74,9 +75,10 @@ TEST(Best, SaysWhatWasNotTried) {
     const swept_board b;
     write_text(b.log_file(), "brisel-tune sweep log, format 1\nrun sweep " + lane +
                                  "=d-3..d+3 -- true\nsession S, boot B\nbefore " + lane +
-                                 " = 64\ntry " + lane + "=d+0\npass 1 s\n");
+                                 " = 64\ntry " + lane + "=d+0\npass 1 s\ntry " + lane +
+                                 "=d+1\nfail 1 s\nunsound 1 s\n");
     EXPECT_EQ(b.best(), lane + " = 64 # d+0, window d+0, 1 point, margins 0 and 0; d-1 was not "
-                               "tried; d+1 was not tried\n");
+                               "tried; d+1 was unsound\n");
 }
 
 } // namespace best_test

@@ -64,6 +64,9 @@ std::string oddity(verdict beside, const std::string& name) {
     if (beside == verdict::hang) {
         return "; " + name + " hung";
     }
+    if (beside == verdict::unsound) {
+        return "; " + name + " was unsound";
+    }
     if (!is_settled(beside)) {
         return "; " + name + " was not tried";
     }
