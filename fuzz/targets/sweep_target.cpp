@@ -54,8 +54,8 @@ findings sweep_log_file(const std::string& input) {
             }
         }
         // Cut off, and gone on with: the points before that are the same.
-        const std::string cut = input.substr(0, input.size() - 1);
-        const sweep_log part = parse_log(cut + "\ncut\nsession s, boot b\n", "log");
+        std::string cut = input.substr(0, input.size() - 1);
+        const sweep_log part = parse_log(cut.append(cut_mark) + "\nsession s, boot b\n", "log");
         if (!begins_with(log, part)) {
             found.push_back("a log that has other points when it is cut");
         }

@@ -153,7 +153,7 @@ void check_voltages(const axis& a) {
 
 std::string head_of(const sweep_task& task) {
     if (task.log) {
-        return task.log->is_cut ? "\ncut\n" : "";
+        return task.log->is_cut ? std::string(cut_mark) + "\n" : "";
     }
     return std::string(log_title) + "\nmachine " + machine() +
            "\nversion " BRISEL_VERSION "\nrun " + to_shell(run_words(task.words)) + "\n";
@@ -174,7 +174,13 @@ tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& 
         work.go_through(grids);
     } catch (const sweep_end& end) {
         say(end.why); // before the log, which may be lost
-        log.write(end.verdict + "end " + end.why.substr(0, end.why.find('\n')) + "\n");
+        std::string text = end.verdict + "end";
+        const char* before = " ";
+        for (const std::string_view line : lines_of(end.why)) {
+            text.append(before).append(printable(line)).append("\n");
+            before = "| ";
+        }
+        log.write(text);
         return end.status;
     }
     log.write("end complete\n");
@@ -210,18 +216,19 @@ tune_status sweep_axes(const knobs& all, const command_line& given) {
     if (grids.front().rows) {
         check_voltages(*grids.front().rows);
     }
+    const std::vector<std::string> orders = orders_of(grids, words.all);
+    const std::string head = head_of(task) + session_lines(before, orders);
     if (task.log) {
         say_differences(all, *task.log, before);
         fill(grids, task.log->points);
+        task.log.reset(); // its memory is not to be locked
     } else {
         log.emplace(words.output.value_or("-"), false, words.sweep.lead);
     }
-    const std::vector<std::string> orders = orders_of(grids, words.all);
     announce(grids, orders);
     const user_signals signals;
     sweep work(all, before, words, *log);
     take_precautions();
-    log->write(head_of(task) + session_lines(before, orders));
-    task.log.reset();
+    log->write(head);
     return go_through(work, grids, *log);
 }

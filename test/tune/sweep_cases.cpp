@@ -23,6 +23,8 @@ std::string head(const std::string& run, const std::string& before, const std::s
 
 const std::string tx_head = "before mac-tx::delay = 2\n";
 const std::string tx_order = "mac-tx::delay: 3 points, 1 to 3, from 2 outwards\n";
+const std::string not_put_back = "mac-tx::delay cannot be read: map /dev/zeb_mem for address "
+                                 "0x10040004 failed: Operation not permitted # not put back to 2\n";
 const std::string exit_unless_2 = "[ $BRISEL_VALUE = 2 ] || exit 1"; // of the present value
 const std::string quoted_exit = "'[ $BRISEL_VALUE = 2 ] || exit 1'";
 
@@ -177,10 +179,10 @@ const std::vector<tune_case> sweep_cases = {
      .board = board_setup().fault("fail mmap 6+"),
      .out =
          head("mac-tx::delay=3 -- true", tx_head, "mac-tx::delay: 1 point, 3, from 3 outwards\n") +
-         "try mac-tx::delay=3\ninterrupted\nend not everything could be put back:\n",
+         "try mac-tx::delay=3\ninterrupted\nend not everything could be put back:\n| " +
+         not_put_back,
      .err = "mac-tx::delay: 1 point, 3, from 3 outwards\n" + mounted +
-            "not everything could be put back:\nmac-tx::delay cannot be read: map /dev/zeb_mem "
-            "for address 0x10040004 failed: Operation not permitted # not put back to 2\n",
+            "not everything could be put back:\n" + not_put_back,
      .status = 2,
      .accesses = any_accesses},
     {.name = "WhatIsNotPutBackWhenItDidNotStickIsNamed",
@@ -189,10 +191,10 @@ const std::vector<tune_case> sweep_cases = {
      .out =
          head("mac-tx::delay=3 -- true", tx_head, "mac-tx::delay: 1 point, 3, from 3 outwards\n") +
          "try mac-tx::delay=3\ninterrupted\n| mac-tx::delay: map /dev/zeb_mem for address "
-         "0x10040004 failed: Operation not permitted\nend not everything could be put back:\n",
+         "0x10040004 failed: Operation not permitted\nend not everything could be put back:\n| " +
+         not_put_back,
      .err = "mac-tx::delay: 1 point, 3, from 3 outwards\n" + mounted +
-            "not everything could be put back:\nmac-tx::delay cannot be read: map /dev/zeb_mem "
-            "for address 0x10040004 failed: Operation not permitted # not put back to 2\n",
+            "not everything could be put back:\n" + not_put_back,
      .status = 2,
      .accesses = any_accesses},
     {.name = "LockThatIsLostLeavesTheTriedValue",

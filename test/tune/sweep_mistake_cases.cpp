@@ -87,7 +87,7 @@ const std::vector<tune_case> sweep_mistake_cases = {
     {.name = "LogWithAMistakeInAValueBeforeIsRefused",
      .args = {"best", tuning_file},
      .tuning = "brisel-tune sweep log, format 1\nrun sweep mac-tx::delay -- true\n"
-               "session S, boot B\nbefore mac-tx::delay = 16\n",
+               "session S, boot B\nbefore mac-tx::delay = 16\norder o\n",
      .err = "TUNING:4: '16' is no value of mac-tx::delay, which takes 0 to 15\n",
      .status = 2},
     refused("TogetherWithoutASet", {"sweep", "--together", "mac-tx::delay", "--", "true"},

@@ -174,6 +174,12 @@ TEST(SweepLog, IsReadLineByLine) {
     EXPECT_EQ(session_of(log, "b3"), nullptr);
 }
 
+/** A log with another session behind it. */
+std::string gone_on_with(const std::string& part) {
+    const std::string mark = std::string(cut_mark) + "\n";
+    return part + (part.ends_with('\n') ? "" : mark) + session;
+}
+
 TEST(SweepLog, MayBeCutAnywhere) {
     const std::string whole =
         head + session + "try a=1\npass 0.1 s\ntry a=12\nfail 1 s\n| x\nend complete\n";
@@ -183,11 +189,9 @@ TEST(SweepLog, MayBeCutAnywhere) {
         const sweep_log log = parse_log(part, "log");
         EXPECT_EQ(log.is_cut, !part.ends_with('\n'));
         // And once more, while the mark of that was written.
-        for (const std::string mark : {"", "\nc", "\ncu", "\ncut"}) {
-            const sweep_log again =
-                parse_log(part + mark + (log.is_cut || !mark.empty() ? "\ncut\n" : "") + session +
-                              "try a=3\n",
-                          "log");
+        for (std::size_t written = 0; written <= cut_mark.size(); ++written) {
+            const std::string mark(cut_mark.substr(0, written));
+            const sweep_log again = parse_log(gone_on_with(part + mark) + "try a=3\n", "log");
             EXPECT_EQ(again.sessions.size(), 2U);
             ASSERT_FALSE(again.points.empty());
             EXPECT_EQ(again.points.back().place, "a=3");
@@ -197,16 +201,16 @@ TEST(SweepLog, MayBeCutAnywhere) {
 }
 
 TEST(SweepLog, MayBeCutBeforeItSaysWhatThereWas) {
-    const std::string whole = head + session;
-    for (std::size_t size = head.size(); size < whole.find("order"); ++size) {
+    const std::string whole =
+        head + "session today, boot b1\nbefore a = 2\nbefore b = 2\norder a: all";
+    for (std::size_t size = head.size(); size <= whole.size(); ++size) {
         const std::string part = whole.substr(0, size);
         const sweep_log log = parse_log(part, "log");
         EXPECT_THAT([&] { last_begun(log); },
                     ThrowsMessage<mistake>(AllOf(
                         StartsWith("log:"), EndsWith(": the log ends before its first point"))))
             << part;
-        const sweep_log again =
-            parse_log(part + (log.is_cut ? "\ncut\n" : "") + session + "try a=3\n", "log");
+        const sweep_log again = parse_log(gone_on_with(part), "log");
         EXPECT_EQ(last_begun(again).before, "a = 1\n") << part;
         EXPECT_EQ(&first_session(again), &again.sessions.back()) << part;
     }

@@ -157,9 +157,9 @@ TEST(SweepResults, TakeTheTwoCodesOfNoDelayForOne) {
 
 TEST(SweepResults, AreRelativeToTheLastBootsValues) {
     const knobs all;
-    const std::string cut_off = "session S, boot b2\nbefore " + lane + "=70\n";
+    const std::string cut_off = "session S, boot b2\nbefore " + lane + "=70\norder o\n";
     const std::string log = lane_log("***") + cut_off + row_of(lane + "=d", 0, "*") +
-                            "session S, boot b3\nbefore " + lane + "=80\n";
+                            "session S, boot b3\nbefore " + lane + "=80\norder o\n";
     EXPECT_EQ(results_in(all, log, "log").grids.front().columns.present().front(), 70U);
     EXPECT_EQ(
         results_in(all, lane_log("") + cut_off, "log").grids.front().columns.present().front(),

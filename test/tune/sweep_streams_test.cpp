@@ -40,7 +40,7 @@ TEST(SweepLogOnABoard, MayBeReadFromStandardInput) {
     program.out = out;
     program.err = err;
     EXPECT_EQ(wait_for(start(program)), 0);
-    EXPECT_THAT(text_of(rest), StartsWith("\ncut\nsession "));
+    EXPECT_THAT(text_of(rest), StartsWith(" <cut>\nsession "));
     EXPECT_THAT(text_of(rest), HasSubstr("try " + delay + "=4\npass"));
     EXPECT_THAT(text_of(rest), testing::Not(HasSubstr("=3")));
 }

@@ -19,7 +19,7 @@ inline std::string head_of(const std::string& run, const std::vector<std::string
     for (const std::string& line : before) {
         text += "before " + line + "\n";
     }
-    return text;
+    return text + "order outwards\n";
 }
 
 /**

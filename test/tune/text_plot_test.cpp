@@ -115,7 +115,7 @@ dq3 .................  not tried
 
 . not tried  | present  ^ best  @ both
 )"},
-    {"LogThatIsCutOff", {lane_log("...x****").substr(0, 400)}, ascii, R"(
+    {"LogThatIsCutOff", {lane_log("...x****").substr(0, 415)}, ascii, R"(
 orlin-ddra-read0::dq3: memtester 64M 1
 Board (board1, armv7l), 2026-11-22 14:00:00 UTC, not complete
 
@@ -355,7 +355,7 @@ dq3 ...***...........  d-5 to d-3  d-4     1 and 1
 )"},
     {"LogWithoutAMachine",
      {"brisel-tune sweep log, format 1\nrun sweep " + lane +
-      "=d-8..d+8 -- test\nsession today, boot b\nbefore " + lane + "=64\n"},
+      "=d-8..d+8 -- test\nsession today, boot b\nbefore " + lane + "=64\norder o\n"},
      ascii,
      R"(
 orlin-ddra-read0::dq3: test

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr std::string_view cut = "cut";
-
 /** The rest of a line that begins with a word; the word is taken away. */
 bool take_word(std::string_view& line, std::string_view word) {
     if (!line.starts_with(word) || line.substr(word.size(), 1) != " ") {
@@ -39,6 +37,7 @@ void take_run(sweep_log& log, std::string_view line, std::size_t number) {
 }
 
 void take_point(sweep_log& log, std::string_view line) {
+    log.sessions.back().whole = true;
     log.sessions.back().begun = true;
     from_shell(line); // or it is a mistake
     log.points.push_back({line, {verdict::hang, 0, 0}});
@@ -53,8 +52,7 @@ void take_verdict(sweep_log& log, std::string_view line) {
 }
 
 void take_line(sweep_log& log, std::string_view line, std::size_t number) {
-    if (line.starts_with("|") || take_word(line, "version") || take_word(line, "order") ||
-        take_word(line, "note")) {
+    if (line.starts_with("|") || take_word(line, "version") || take_word(line, "note")) {
         return;
     }
     if (take_word(line, "machine")) {
@@ -65,6 +63,8 @@ void take_line(sweep_log& log, std::string_view line, std::size_t number) {
         take_session(log, line, number);
     } else if (!log.sessions.empty() && take_word(line, "before")) {
         log.sessions.back().before.append(line).append("\n");
+    } else if (!log.sessions.empty() && take_word(line, "order")) {
+        log.sessions.back().whole = true;
     } else if (!log.sessions.empty() && take_word(line, "try")) {
         take_point(log, line);
     } else if (take_word(line, "end")) {
@@ -78,7 +78,7 @@ void take_line(sweep_log& log, std::string_view line, std::size_t number) {
 
 const sweep_session& first_session(const sweep_log& log) {
     const auto found = std::find_if(log.sessions.begin(), log.sessions.end(),
-                                    [](const sweep_session& s) { return !s.before.empty(); });
+                                    [](const sweep_session& s) { return s.whole; });
     if (found == log.sessions.end()) {
         throw mistake(log.where_end + ": the log ends before its first point");
     }
@@ -114,9 +114,8 @@ sweep_log parse_log(std::string whole, const std::string& where) {
             break;
         }
         text.remove_prefix(line.size() + 1);
-        const std::string_view next = text.substr(0, text.find('\n'));
-        if (number == 1 || cut.starts_with(line) || (!next.empty() && cut.starts_with(next))) {
-            continue; // the title; the mark, which may be cut itself; and what it is for
+        if (number == 1 || line.ends_with(cut_mark)) {
+            continue;
         }
         try {
             take_line(log, line, number);

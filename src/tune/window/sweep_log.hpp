@@ -23,11 +23,14 @@
  *     | bit 3 is wrong
  *     end complete
  *
- * A sweep that goes on writes "session", "before" and so on again, after the line "cut" where the
- * one before that has no end.
+ * A sweep that goes on writes "session", "before" and so on again. Where the line before that has
+ * no end it is marked, so that it is no line of the log.
  */
 
 inline constexpr std::string_view log_title = "brisel-tune sweep log, format 1";
+
+/** What is put behind a line that was cut off: no line of a log ends with it. */
+inline constexpr std::string_view cut_mark = " <cut>";
 
 /** A part of a sweep, from a start of the program to its end. */
 struct sweep_session {
@@ -35,7 +38,8 @@ struct sweep_session {
     std::string date;
     std::string boot;
     std::string before; ///< lines of a tuning: what the axes' properties held
-    bool begun = false; ///< a point was tried: so nothing of `before` is cut off
+    bool whole = false; ///< nothing of `before` is cut off: there are lines behind it
+    bool begun = false; ///< a point was tried
 };
 
 /** A point that was tried. */
@@ -59,7 +63,7 @@ struct sweep_log {
 };
 
 /**
- * The first session of a log that says what the properties held.
+ * The first session of a log that says what all the properties held.
  * @throw mistake where the log ends before that
  */
 const sweep_session& first_session(const sweep_log& log);
