@@ -153,7 +153,11 @@ void check_voltages(const axis& a) {
 
 std::string head_of(const sweep_task& task) {
     if (task.log) {
-        return task.log->is_cut ? std::string(cut_mark) + "\n" : "";
+        std::string mark;
+        if (task.log->is_cut) {
+            mark.append(cut_mark).append("\n");
+        }
+        return mark;
     }
     return std::string(log_title) + "\nmachine " + machine() +
            "\nversion " BRISEL_VERSION "\nrun " + to_shell(run_words(task.words)) + "\n";
