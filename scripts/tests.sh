@@ -26,7 +26,7 @@ left_out() {
 
 # run_ctest --preset PRESET ARGUMENT...: two tests at a time for each processor, since many of them wait. Of tests that
 # CTest knows in parts, those are left out that fit the patterns in tests_left_out. The C library fills freed memory, so
-# that what is used after that is noticed where no sanitizer looks, too.
+# that use of it is noticed where no sanitizer looks, too; only brisel has memory of its own, and never uses it again.
 run_ctest() {
     TMPDIR=$tests_folder MALLOC_PERTURB_=165 GTEST_FILTER="*-${tests_left_out:-}" ctest -j $((2 * $(nproc))) "$@" || return
     left_out "build-$2"

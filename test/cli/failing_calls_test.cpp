@@ -47,9 +47,8 @@ protected:
 
     /** The errors for call number `number`: all of them for the first calls, then one in turn. */
     std::vector<std::string> errors_of(std::size_t number) const {
-        constexpr std::size_t first_calls = 4;
         const std::vector<std::string>& all = kind().errors;
-        return number <= first_calls ? all : std::vector{all[number % all.size()]};
+        return number <= CALLS_WITH_ALL_ERRORS ? all : std::vector{all[number % all.size()]};
     }
 
     void expect_ending(const failing_run& run, const ending& expected, std::size_t accesses) const {
