@@ -178,13 +178,11 @@ tune_status go_through(sweep& work, std::vector<sweep_grid>& grids, log_writer& 
         work.go_through(grids);
     } catch (const sweep_end& end) {
         say(end.why); // before the log, which may be lost
-        std::string text = end.verdict + "end";
-        const char* before = " ";
-        for (const std::string_view line : lines_of(end.why)) {
-            text.append(before).append(printable(line)).append("\n");
-            before = "| ";
-        }
-        log.write(text);
+        const std::size_t size = std::min(end.why.find('\n'), end.why.size()); // of its first line
+        std::string_view rest = end.why;
+        rest.remove_prefix(std::min(size + 1, rest.size()));
+        log.write(end.verdict + "end " + printable(end.why.substr(0, size)) + "\n" +
+                  log_lines_of(rest));
         return end.status;
     }
     log.write("end complete\n");

@@ -280,13 +280,14 @@ TEST(SweepOnABoard, EndsWithATestThatCannotBeExecuted) {
 
 TEST(SweepOnABoard, EndsWithATestThatCannotBeExecutedAgain) {
     const swept_board b;
-    const std::string test = b.on_board().path("/tmp/test");
+    const std::string test = b.on_board().path("/tmp/te\033st");
     write_text(test, "#!/bin/sh\nrm \"$0\"; exit 1\n");
     chmod(test.c_str(), 0755);
     const run_result run = b.begin({delay + "=3", "--", test});
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(b.log(),
-                ContainsRegex("\ninterrupted [0-9.]+ s\nend cannot execute " + test + ": No such"));
+    EXPECT_THAT(
+        b.log(),
+        ContainsRegex("\ninterrupted [0-9.]+ s\nend cannot execute /.*/te\\\\x1bst: No such"));
 }
 
 TEST(SweepOnABoard, GivesTheTestNothingToRead) {

@@ -13,6 +13,7 @@
 #include "tune/text/shell_words.hpp"
 #include "tune/text/text.hpp"
 #include "tune/window/outward_search.hpp"
+#include "tune/window/sweep_log.hpp"
 
 namespace {
 
@@ -164,7 +165,7 @@ point_result sweep::try_point(const sweep_grid& grid, std::size_t row, std::size
     if (!problem.empty()) {
         result.kind = verdict::interrupted;
     }
-    const std::string lines = verdict_line(result, begin) + noted_output();
+    const std::string lines = verdict_line(result, begin) + log_lines_of(m_output);
     if (!problem.empty()) {
         throw sweep_end{problem, tune_status::no_result, lines};
     }
@@ -269,7 +270,7 @@ void sweep::check_memory(const sweep_grid& grid) {
         throw sweep_end{"interrupted", tune_status::differs, verdict_line(result, begin)};
     }
     if (result.kind != verdict::pass) {
-        m_log.write(verdict_line({verdict::unsound, 0, 0}, begin) + noted_output());
+        m_log.write(verdict_line({verdict::unsound, 0, 0}, begin) + log_lines_of(m_output));
         throw sweep_end{"unsound: the test does not pass with the values before, either; check the "
                         "test, or reset the board and go on with --continue",
                         tune_status::differs};
@@ -286,12 +287,4 @@ void sweep::look_at_lanes() {
         m_log.write("note " + line + "\n");
         say(line);
     }
-}
-
-std::string sweep::noted_output() const {
-    std::string text;
-    for (const std::string_view line : lines_of(m_output)) {
-        text += "| " + printable(line) + "\n";
-    }
-    return text;
 }

@@ -68,7 +68,6 @@ private:
     std::string put_back(const std::vector<setting>& tried, std::vector<change> changes);
     void check_memory(const sweep_grid& grid);
     void look_at_lanes();
-    std::string noted_output() const;
 
     const std::vector<setting> m_before;
     const std::vector<const knob*> m_targets;

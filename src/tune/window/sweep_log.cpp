@@ -76,6 +76,14 @@ void take_line(sweep_log& log, std::string_view line, std::size_t number) {
 
 } // namespace
 
+std::string log_lines_of(std::string_view text) {
+    std::string lines;
+    for (const std::string_view line : lines_of(text)) {
+        lines += "| " + printable(line) + "\n";
+    }
+    return lines;
+}
+
 const sweep_session& first_session(const sweep_log& log) {
     const auto found = std::find_if(log.sessions.begin(), log.sessions.end(),
                                     [](const sweep_session& s) { return s.whole; });
@@ -98,22 +106,22 @@ const sweep_session* session_of(const sweep_log& log, const std::string& boot) {
     return found == log.sessions.rend() ? nullptr : &*found;
 }
 
-sweep_log parse_log(std::string whole, const std::string& where) {
+sweep_log parse_log(std::string text, const std::string& where) {
     sweep_log log;
     log.name = where;
-    log.text = std::make_shared<const std::string>(std::move(whole));
-    std::string_view text = *log.text;
+    log.text = std::make_shared<const std::string>(std::move(text));
+    std::string_view rest = *log.text;
     std::size_t number = 1;
-    for (; !text.empty(); ++number) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        log.is_cut = line.size() == text.size();
+    for (; !rest.empty(); ++number) {
+        const std::string_view line = rest.substr(0, rest.find('\n'));
+        log.is_cut = line.size() == rest.size();
         if (number == 1 && (log.is_cut ? !log_title.starts_with(line) : line != log_title)) {
             throw mistake(where + ":1: not " + in_quotes(log_title));
         }
         if (log.is_cut) {
             break;
         }
-        text.remove_prefix(line.size() + 1);
+        rest.remove_prefix(line.size() + 1);
         if (number == 1 || line.ends_with(cut_mark)) {
             continue;
         }

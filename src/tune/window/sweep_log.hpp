@@ -62,6 +62,9 @@ struct sweep_log {
     bool is_cut = false; ///< the last line has no end
 };
 
+/** The lines that a log has for what was said: each behind "| ", without what is not printable. */
+std::string log_lines_of(std::string_view text);
+
 /**
  * The first session of a log that says what all the properties held.
  * @throw mistake where the log ends before that
