@@ -1,4 +1,5 @@
 #include <csignal>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -63,7 +64,10 @@ TEST(SweepOnABoardThatDies, BeginsARowInTheMiddleOfItsNeighboursWindow) {
                             " 1 to 3, 3 rows, margins 1 and 1; d-2 hung; d+8 hung; its rows begin "
                             "with the range; its rows end with the range\n");
     EXPECT_THAT(b.log(),
-                HasSubstr("1 to 3, from 2 outwards\ntry " + lane + "=d+3 " + delay + "=3\npass"));
+                HasSubstr("before " + delay + " = 2\norder " + lane +
+                          ": 15 points, d-5 to d+9, from d+0 outwards\norder for each of " + delay +
+                          ": 3 points, 1 to 3, from 2 outwards\ntry " + lane + "=d+3 " + delay +
+                          "=3\npass"));
 }
 
 TEST(SweepOnABoardThatDies, GoesOnFromTheValuesOfTheNewBoot) {
@@ -288,6 +292,17 @@ TEST(SweepOnABoard, EndsWithATestThatCannotBeExecutedAgain) {
     EXPECT_THAT(
         b.log(),
         ContainsRegex("\ninterrupted [0-9.]+ s\nend cannot execute /.*/te\\\\x1bst: No such"));
+}
+
+TEST(SweepOnABoard, LeavesNoLogWhereItCannotBegin) {
+    const swept_board b;
+    const std::string boot = "/proc/sys/kernel/random/boot_id";
+    std::filesystem::remove(b.on_board().path(boot));
+    std::filesystem::create_directory(b.on_board().path(boot));
+    const run_result run = b.begin({delay + "=3", "--", "true"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.err, HasSubstr(boot + ": "));
+    EXPECT_FALSE(std::filesystem::exists(b.log_file()));
 }
 
 TEST(SweepOnABoard, GivesTheTestNothingToRead) {

@@ -9,6 +9,15 @@ tune_case refused(const std::string& name, const std::vector<std::string>& args,
     return {.name = name, .args = args, .err = err, .status = 2};
 }
 
+/** The same of a log, "TUNING", from its line "run" on. */
+tune_case log_refused(const std::string& name, const std::vector<std::string>& args,
+                      const std::string& log, const std::string& err) {
+    tune_case refusal = refused(name, args, err);
+    refusal.args.push_back(tuning_file);
+    refusal.tuning = "brisel-tune sweep log, format 1\n" + log;
+    return refusal;
+}
+
 } // namespace
 
 const std::vector<tune_case> sweep_mistake_cases = {
@@ -55,41 +64,24 @@ const std::vector<tune_case> sweep_mistake_cases = {
             "--repeat takes a number from 1 to 100, not '3x'\n"),
     refused("ExistingLog", {"sweep", "-o", "/dev/null", "mmc::rdqs", "--", "true"},
             "/dev/null exists; --continue goes on with a log\n"),
-    {.name = "LogOfThreeAxesIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep a b c -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "a sweep has one axis or two\n",
-     .status = 2},
-    {.name = "LogWithoutAnAxisIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "a sweep has one axis or two\n",
-     .status = 2},
-    {.name = "LogOfAnotherCommandIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun save mac -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "TUNING:2: 'save mac -- true' is no sweep\n",
-     .status = 2},
-    {.name = "LogOfNoCommandIsRefused",
-     .args = {"sweep", "--continue", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun \nsession S, boot B\nbefore a = 1\n",
-     .err = "TUNING:2: '' is no sweep\n",
-     .status = 2},
-    {.name = "LogWithAnUnknownOptionIsRefused",
-     .args = {"best", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep --never a -- true\nsession S, boot B\n"
-               "before a = 1\n",
-     .err = "TUNING:2: unknown option: '--never'\n",
-     .status = 2},
-    {.name = "LogWithAMistakeInAValueBeforeIsRefused",
-     .args = {"best", tuning_file},
-     .tuning = "brisel-tune sweep log, format 1\nrun sweep mac-tx::delay -- true\n"
-               "session S, boot B\nbefore mac-tx::delay = 16\norder o\n",
-     .err = "TUNING:4: '16' is no value of mac-tx::delay, which takes 0 to 15\n",
-     .status = 2},
+    log_refused("LogOfThreeAxesIsRefused", {"sweep", "--continue"},
+                "run sweep a b c -- true\nsession S, boot B\nbefore a = 1\n",
+                "a sweep has one axis or two\n"),
+    log_refused("LogWithoutAnAxisIsRefused", {"sweep", "--continue"},
+                "run sweep -- true\nsession S, boot B\nbefore a = 1\n",
+                "a sweep has one axis or two\n"),
+    log_refused("LogOfAnotherCommandIsRefused", {"sweep", "--continue"},
+                "run save mac -- true\nsession S, boot B\nbefore a = 1\n",
+                "TUNING:2: 'save mac -- true' is no sweep\n"),
+    log_refused("LogOfNoCommandIsRefused", {"sweep", "--continue"},
+                "run \nsession S, boot B\nbefore a = 1\n", "TUNING:2: '' is no sweep\n"),
+    log_refused("LogWithAnUnknownOptionIsRefused", {"best"},
+                "run sweep --never a -- true\nsession S, boot B\nbefore a = 1\n",
+                "TUNING:2: unknown option: '--never'\n"),
+    log_refused(
+        "LogWithAMistakeInAValueBeforeIsRefused", {"best"},
+        "run sweep mac-tx::delay -- true\nsession S, boot B\nbefore mac-tx::delay = 16\norder o\n",
+        "TUNING:4: '16' is no value of mac-tx::delay, which takes 0 to 15\n"),
     refused("TogetherWithoutASet", {"sweep", "--together", "mac-tx::delay", "--", "true"},
             "--together is for a set of lanes: mac-tx::delay is none\n"),
     refused("ContinueWithMoreThanALog", {"sweep", "--continue", tuning_file, "mac-tx::delay"},

@@ -210,10 +210,17 @@ TEST(SweepLog, MayBeCutBeforeItSaysWhatThereWas) {
                     ThrowsMessage<mistake>(AllOf(
                         StartsWith("log:"), EndsWith(": the log ends before its first point"))))
             << part;
-        const sweep_log again = parse_log(gone_on_with(part), "log");
+        const sweep_log again = parse_log(gone_on_with(part) + "try a=3\n", "log");
         EXPECT_EQ(last_begun(again).before, "a = 1\n") << part;
         EXPECT_EQ(&first_session(again), &again.sessions.back()) << part;
     }
+}
+
+TEST(SweepLog, HasAFirstSessionWithoutAPoint) {
+    const std::string second = "session today, boot b2\nbefore a = 2\norder a: all\n";
+    const sweep_log log = parse_log(gone_on_with(head + session) + second, "log");
+    EXPECT_EQ(first_session(log).boot, "b1");
+    EXPECT_EQ(last_begun(log).boot, "b1"); // of none that was begun
 }
 
 TEST(SweepLog, IsRefusedWithTheLine) {
