@@ -45,9 +45,10 @@ constexpr std::size_t device_bytes = 0x10000000;
 const char* registers = nullptr;
 std::FILE* log_file = nullptr;
 
-/** Where the kernels have their code: a 32-bit one from 3 GiB on, a 64-bit one at the very top. */
-bool is_kernel_code(std::uint64_t address) {
-    return (address >= 0xc0000000 && address <= 0xffffffff) || address >= 0xffff000000000000;
+/** Static programs have their code below 1 GiB. There the machine "virt" has no memory, so kernels
+ * and what unpacks them have none. */
+bool is_program_code(std::uint64_t address) {
+    return address < 0x40000000;
 }
 
 /** Called after the access. */
@@ -73,7 +74,7 @@ void on_translation(std::uint64_t, qemu_plugin_tb* block) {
     constexpr int loads_and_stores = 3;
     for (std::size_t index = 0; index < qemu_plugin_tb_n_insns(block); ++index) {
         qemu_plugin_insn* const instruction = qemu_plugin_tb_get_insn(block, index);
-        if (!is_kernel_code(qemu_plugin_insn_vaddr(instruction))) {
+        if (is_program_code(qemu_plugin_insn_vaddr(instruction))) {
             qemu_plugin_register_vcpu_mem_cb(instruction, on_access, no_registers, loads_and_stores,
                                              nullptr);
         }
