@@ -34,7 +34,7 @@ std::pair<std::size_t, std::size_t> distance(const std::string& a, const std::st
         for (std::size_t j = 1; j <= b.size(); ++j) {
             const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
             diagonal = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
+            row[j] = std::min(std::min(row[j], row[j - 1]) + 1, replaced);
         }
     }
     return {*std::min_element(row.begin(), row.end()), row.back()};
@@ -114,7 +114,7 @@ std::vector<const knob*> knobs::chosen(const std::vector<std::string>& names) co
 
 void knobs::fail(const std::string& what, const std::string& name) const {
     std::vector<std::pair<std::pair<std::size_t, std::size_t>, std::string>> near;
-    const std::string wanted = lower_case(name.substr(0, 100));
+    const std::string wanted = lower_case(name.substr(0, 40)); // the longest name has 32
     const auto add = [&](const std::string& other) {
         near.emplace_back(distance(wanted, lower_case(other)), other);
     };
