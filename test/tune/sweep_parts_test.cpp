@@ -129,6 +129,7 @@ TEST(ShellWords, AreReadAsTheyAreWritten) {
     EXPECT_EQ(from_shell(to_shell(words)), words);
     EXPECT_EQ(to_shell({"a", "", "b c", "d'e", "\n"}), "a '' 'b c' 'd'\\''e' ''$'\\n'''");
     EXPECT_THAT(from_shell("  a   'b c'd  "), ElementsAre("a", "b cd"));
+    EXPECT_THAT(from_shell("it\\'s 2$'\\n'lines"), ElementsAre("it's", "2\nlines"));
     EXPECT_THAT([] { from_shell("a 'b"); }, ThrowsMessage<mistake>("a quote that is not closed"));
 }
 
@@ -242,6 +243,8 @@ TEST(SweepLog, IsRefusedWithTheLine) {
                 ThrowsMessage<mistake>("log:5: a session without its boot"));
     EXPECT_THAT(refused(head + "before a = 1\n"),
                 ThrowsMessage<mistake>("log:5: 'before a = 1' is no line of a log"));
+    EXPECT_THAT(refused(head + "order a: 1\n"),
+                ThrowsMessage<mistake>("log:5: 'order a: 1' is no line of a log"));
     EXPECT_THAT(refused(head + session + "pass 1 s\n"),
                 ThrowsMessage<mistake>("log:8: 'pass 1 s' is no line of a log"));
     EXPECT_THAT(refused(head + session + "try a=1\npas\n"),
